@@ -1,0 +1,72 @@
+#pragma once
+// The workspace: the folder below which every file the launcher shares with us lies, and the
+// helpers every subsystem uses to find, list and name what is in it.
+//
+// Names are byte strings in the launcher's code page (Windows-1252); the helpers convert them
+// to and from the file system's spelling. Fixed names are resolved without regard to case, so a
+// workspace copied from a Windows machine works on a case-sensitive file system.
+
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace rd {
+
+namespace fs = std::filesystem;
+
+// The workspace root: the folder named by ROSTERDESK_ROOT when that is set and not empty,
+// otherwise `programFolder` (the folder that holds the program).
+fs::path workspaceRoot(const fs::path& programFolder);
+
+// The folder that holds the running program (from /proc/self/exe, else from argv[0]).
+fs::path programFolder(const char* argv0);
+
+// base joined with a code-page name (no separators are interpreted).
+fs::path joinName(const fs::path& base, std::string_view name);
+// The last component of a path as a code-page name.
+std::string nameOf(const fs::path& path);
+
+// Joins `relative` (components separated by '\' or '/') to `base`, resolving each component
+// to the entry that is present whatever its case (the first in listing order when several
+// differ only in case). Components that are not present keep the given spelling, so the result
+// also names a file to be created.
+fs::path resolvePath(const fs::path& base, std::string_view relative);
+
+struct DirEntry {
+    std::string name; // code-page name as listed
+    bool isFolder = false;
+};
+
+// Every entry of `folder` except "." and "..", ordered by name without regard to case (ties by
+// byte order). A folder that is missing or cannot be read lists as empty.
+std::vector<DirEntry> listDirectory(const fs::path& folder);
+// Names of the sub-folders of `folder`, in listing order.
+std::vector<std::string> listFolders(const fs::path& folder);
+// Names of the files (not folders) of `folder` that match `pattern` without regard to case.
+std::vector<std::string> listFiles(const fs::path& folder, std::string_view pattern = "*.*");
+
+// Wildcard match: '*' matches any run of characters (NUL bytes included), '?' one character.
+// "*.*" matches every name. Without regard to case unless `caseSensitive`.
+bool wildcardMatch(std::string_view pattern, std::string_view name, bool caseSensitive = false);
+
+// "A file exists": a directory search for the path with normal attributes finds a file.
+bool fileExists(const fs::path& path);
+// "A folder exists": the path names a folder.
+bool folderExists(const fs::path& path);
+// A directory search with folder entries included finds something (a file or a folder).
+bool entryExists(const fs::path& path);
+
+// A name the user typed for a new folder or file is refused when it holds a path separator or
+// is "." or "..": the message to show, or nothing when the name may be used.
+std::optional<std::string> refuseNewName(std::string_view name);
+
+// A path read from a data file (a game's folder): '\' and '/' both separate components, and
+// each component is resolved without regard to case where present.
+fs::path pathFromData(std::string_view text);
+// Appends a separator to a path text from a data file: '\' when the text already holds a '\'
+// or no separator at all, '/' when it holds only '/'. Does nothing when it already ends in one.
+std::string withTrailingSeparator(std::string_view text);
+
+} // namespace rd
