@@ -26,7 +26,9 @@ TrapHandler Context::trap() {
     };
 }
 
-Json str(const std::string& bytes) { return Json(cp1252ToUtf8(bytes)); }
+Json str(const std::string& bytes) {
+    return Json(cp1252ToUtf8(bytes));
+}
 
 Json strings(const std::vector<std::string>& list) {
     Json out = Json::array();
@@ -76,7 +78,8 @@ int main(int argc, char** argv) {
     CLI::App app{"rosterdesk-cli: the scripting tool over RosterDesk's data files"};
     app.require_subcommand(1);
     std::string rootOption;
-    app.add_option("--root", rootOption, "Workspace root (default: $ROSTERDESK_ROOT, else the program's folder)");
+    app.add_option("--root", rootOption,
+                   "Workspace root (default: $ROSTERDESK_ROOT, else the program's folder)");
 
     Action action;
     for (auto& [name, entry] : commands()) {
@@ -88,13 +91,15 @@ int main(int argc, char** argv) {
     // show KIND PATH [ARGS...] and resave KIND PATH
     std::string showKind, resaveKind, showPath, resavePath;
     std::vector<std::string> showExtra;
-    CLI::App* show = app.add_subcommand("show", "Print a file as the program loads it. Kinds: " + kindList(false));
+    CLI::App* show =
+        app.add_subcommand("show", "Print a file as the program loads it. Kinds: " + kindList(false));
     show->add_option("KIND", showKind, "File kind")->required();
     show->add_option("PATH", showPath, "File (the plug-in's folder for setup)")->required();
     show->add_option("ARGS", showExtra, "Options of the kind (pak: --all)");
     show->allow_extras();
     show->prefix_command(false);
-    CLI::App* resave = app.add_subcommand("resave", "Load a file and save it again. Kinds: " + kindList(true));
+    CLI::App* resave =
+        app.add_subcommand("resave", "Load a file and save it again. Kinds: " + kindList(true));
     resave->add_option("KIND", resaveKind, "File kind")->required();
     resave->add_option("PATH", resavePath, "File (the plug-in's folder for setup)")->required();
 

@@ -11,7 +11,9 @@ namespace rd {
 
 namespace {
 
-bool isDigit(char c) { return c >= '0' && c <= '9'; }
+bool isDigit(char c) {
+    return c >= '0' && c <= '9';
+}
 
 // Length of the numeric prefix of s (0 when there is none).
 std::size_t numericPrefix(std::string_view s) {
@@ -99,9 +101,15 @@ double roundHalfEven(double value) {
     return std::fmod(floorValue, 2.0) == 0 ? floorValue : floorValue + 1;
 }
 
-std::int16_t toInt16(std::string_view text) { return toInteger<std::int16_t>(text); }
-std::int32_t toInt32(std::string_view text) { return toInteger<std::int32_t>(text); }
-std::uint8_t toByte(std::string_view text) { return toInteger<std::uint8_t>(text); }
+std::int16_t toInt16(std::string_view text) {
+    return toInteger<std::int16_t>(text);
+}
+std::int32_t toInt32(std::string_view text) {
+    return toInteger<std::int32_t>(text);
+}
+std::uint8_t toByte(std::string_view text) {
+    return toInteger<std::uint8_t>(text);
+}
 
 std::string numericPrintForm(long long value) {
     std::string digits = std::to_string(value);

@@ -13,6 +13,8 @@ namespace rd {
 std::string KeyLookup(std::string_view text, std::string& key);
 
 // Convenience form that leaves the caller's key alone.
-inline std::string lookupKey(std::string_view text, std::string key) { return KeyLookup(text, key); }
+inline std::string lookupKey(std::string_view text, std::string key) {
+    return KeyLookup(text, key);
+}
 
 } // namespace rd

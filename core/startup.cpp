@@ -47,14 +47,20 @@ std::string joinCommandLine(int argc, const char* const* argv) {
     return line;
 }
 
-std::filesystem::path helpFilePath(const std::filesystem::path& root) { return resolvePath(root, "RosterDesk.hlp"); }
+std::filesystem::path helpFilePath(const std::filesystem::path& root) {
+    return resolvePath(root, "RosterDesk.hlp");
+}
 
 const char* firstScreenName(FirstScreen screen) {
     switch (screen) {
-    case FirstScreen::GameEditor: return "GameEditor";
-    case FirstScreen::PluginEditor: return "PluginEditor";
-    case FirstScreen::CustomMaps: return "CustomMaps";
-    case FirstScreen::MainWindow: break;
+    case FirstScreen::GameEditor:
+        return "GameEditor";
+    case FirstScreen::PluginEditor:
+        return "PluginEditor";
+    case FirstScreen::CustomMaps:
+        return "CustomMaps";
+    case FirstScreen::MainWindow:
+        break;
     }
     return "MainWindow";
 }

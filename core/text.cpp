@@ -9,10 +9,10 @@ namespace rd {
 namespace {
 
 // Unicode code points of bytes 0x80-0x9F in Windows-1252; unassigned bytes keep their value.
-constexpr std::array<char32_t, 32> kHigh = {
-    0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
-    0x2039, 0x0152, 0x008D, 0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
-    0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
+constexpr std::array<char32_t, 32> kHigh = {0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021,
+                                            0x02C6, 0x2030, 0x0160, 0x2039, 0x0152, 0x008D, 0x017D, 0x008F,
+                                            0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022, 0x2013, 0x2014,
+                                            0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
 
 char32_t toCodePoint(unsigned char b) {
     if (b >= 0x80 && b <= 0x9F)
@@ -51,11 +51,16 @@ char upperByte(char c) {
     if (b >= 0xE0 && b <= 0xFE && b != 0xF7)
         return static_cast<char>(b - 32);
     switch (b) {
-    case 0x9A: return static_cast<char>(0x8A); // s caron
-    case 0x9C: return static_cast<char>(0x8C); // oe
-    case 0x9E: return static_cast<char>(0x8E); // z caron
-    case 0xFF: return static_cast<char>(0x9F); // y diaeresis
-    default: return c;
+    case 0x9A:
+        return static_cast<char>(0x8A); // s caron
+    case 0x9C:
+        return static_cast<char>(0x8C); // oe
+    case 0x9E:
+        return static_cast<char>(0x8E); // z caron
+    case 0xFF:
+        return static_cast<char>(0x9F); // y diaeresis
+    default:
+        return c;
     }
 }
 
@@ -66,11 +71,16 @@ static char lowerByte(char c) {
     if (b >= 0xC0 && b <= 0xDE && b != 0xD7)
         return static_cast<char>(b + 32);
     switch (b) {
-    case 0x8A: return static_cast<char>(0x9A);
-    case 0x8C: return static_cast<char>(0x9C);
-    case 0x8E: return static_cast<char>(0x9E);
-    case 0x9F: return static_cast<char>(0xFF);
-    default: return c;
+    case 0x8A:
+        return static_cast<char>(0x9A);
+    case 0x8C:
+        return static_cast<char>(0x9C);
+    case 0x8E:
+        return static_cast<char>(0x9E);
+    case 0x9F:
+        return static_cast<char>(0xFF);
+    default:
+        return c;
     }
 }
 
@@ -143,7 +153,9 @@ std::string trimRight(std::string_view s) {
     return std::string(s.substr(0, n));
 }
 
-std::string trim(std::string_view s) { return trimLeft(trimRight(s)); }
+std::string trim(std::string_view s) {
+    return trimLeft(trimRight(s));
+}
 
 std::string cp1252ToUtf8(std::string_view bytes) {
     std::string out;

@@ -43,7 +43,9 @@ LineReader::LineReader(const fs::path& path) {
         throw openFailure(path, false, errno);
 }
 
-LineReader::~LineReader() { close(); }
+LineReader::~LineReader() {
+    close();
+}
 
 LineReader::LineReader(LineReader&& other) noexcept
     : file_(other.file_), buffer_(std::move(other.buffer_)), pos_(other.pos_), eof_(other.eof_) {
@@ -150,7 +152,8 @@ LineWriter::~LineWriter() {
 void LineWriter::writeLine(std::string_view line) {
     if (!file_)
         throw FileError("Bad file name or number: " + path_.string() + " is not open");
-    if (std::fwrite(line.data(), 1, line.size(), file_) != line.size() || std::fwrite("\r\n", 1, 2, file_) != 2)
+    if (std::fwrite(line.data(), 1, line.size(), file_) != line.size() ||
+        std::fwrite("\r\n", 1, 2, file_) != 2)
         throw FileError("Device I/O error while writing " + path_.string());
 }
 

@@ -23,9 +23,13 @@ fs::path programFolder(const char* argv0) {
     return exe.parent_path();
 }
 
-fs::path joinName(const fs::path& base, std::string_view name) { return base / fs::path(cp1252ToUtf8(name)); }
+fs::path joinName(const fs::path& base, std::string_view name) {
+    return base / fs::path(cp1252ToUtf8(name));
+}
 
-std::string nameOf(const fs::path& path) { return utf8ToCp1252(path.filename().string()); }
+std::string nameOf(const fs::path& path) {
+    return utf8ToCp1252(path.filename().string());
+}
 
 namespace {
 
@@ -107,7 +111,9 @@ std::vector<std::string> listFiles(const fs::path& folder, std::string_view patt
 bool wildcardMatch(std::string_view pattern, std::string_view name, bool caseSensitive) {
     if (pattern == "*.*")
         return true;
-    auto same = [caseSensitive](char a, char b) { return caseSensitive ? a == b : upperByte(a) == upperByte(b); };
+    auto same = [caseSensitive](char a, char b) {
+        return caseSensitive ? a == b : upperByte(a) == upperByte(b);
+    };
     // Iterative match with back-tracking to the last '*'.
     std::size_t p = 0, n = 0, starP = std::string::npos, starN = 0;
     while (n < name.size()) {

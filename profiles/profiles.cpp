@@ -8,7 +8,9 @@
 
 namespace rd {
 
-std::filesystem::path pluginsFolder(const std::filesystem::path& root) { return resolvePath(root, "Plug-Ins"); }
+std::filesystem::path pluginsFolder(const std::filesystem::path& root) {
+    return resolvePath(root, "Plug-Ins");
+}
 
 std::vector<std::string> listPluginBots(const std::filesystem::path& root) {
     return listFolders(pluginsFolder(root));
@@ -61,7 +63,8 @@ std::vector<std::string> GetProfileList(const std::filesystem::path& root, bool 
                                         const OwnerErrorHandler& onError) {
     std::vector<std::string> shown;
     for (auto& name : listProfiles(root)) {
-        if (profileShown(onlyShowSelectedBot, selectedBot, [&] { return ReadProfileOwner(root, name, onError); }))
+        if (profileShown(onlyShowSelectedBot, selectedBot,
+                         [&] { return ReadProfileOwner(root, name, onError); }))
             shown.push_back(std::move(name));
     }
     return shown;

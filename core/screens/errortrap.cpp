@@ -14,14 +14,18 @@ TrapHandler screenTrap(QWidget* parent, const QString& title, const QString& lea
         const PromptAnswer answer = showMessage(parent, trapText(lead, description), PromptIcon::Exclamation,
                                                 title, PromptButtons::AbortRetryIgnore);
         switch (answer) {
-        case PromptAnswer::Retry: return TrapChoice::Retry;
-        case PromptAnswer::Ignore: return TrapChoice::Ignore;
-        default: return TrapChoice::Abort;
+        case PromptAnswer::Retry:
+            return TrapChoice::Retry;
+        case PromptAnswer::Ignore:
+            return TrapChoice::Ignore;
+        default:
+            return TrapChoice::Abort;
         }
     };
 }
 
-void reportFailure(QWidget* parent, const QString& title, const std::string& description, const QString& lead) {
+void reportFailure(QWidget* parent, const QString& title, const std::string& description,
+                   const QString& lead) {
     showMessage(parent, trapText(lead, description), PromptIcon::Exclamation, title, PromptButtons::Ok);
 }
 

@@ -19,8 +19,12 @@ bool skipped(const QWidget* w) {
 }
 } // namespace
 
-void setUserFont(const UserFont& font) { current = font; }
-const UserFont& userFont() { return current; }
+void setUserFont(const UserFont& font) {
+    current = font;
+}
+const UserFont& userFont() {
+    return current;
+}
 
 void applyUserFont(QWidget* screen) {
     if (!screen || (current.name.empty() && current.size == 0))

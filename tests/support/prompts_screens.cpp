@@ -5,8 +5,12 @@
 
 namespace rd::test {
 
-PromptRecorder::PromptRecorder() { Prompts::install(this); }
-PromptRecorder::~PromptRecorder() { Prompts::install(nullptr); }
+PromptRecorder::PromptRecorder() {
+    Prompts::install(this);
+}
+PromptRecorder::~PromptRecorder() {
+    Prompts::install(nullptr);
+}
 
 PromptAnswer PromptRecorder::message(QWidget*, const QString& text, PromptIcon icon, const QString& title,
                                      PromptButtons buttons) {
@@ -21,18 +25,23 @@ PromptAnswer PromptRecorder::message(QWidget*, const QString& text, PromptIcon i
     }
     switch (buttons) {
     case PromptButtons::Ok:
-    case PromptButtons::OkCancel: return PromptAnswer::Ok;
+    case PromptButtons::OkCancel:
+        return PromptAnswer::Ok;
     case PromptButtons::YesNo:
-    case PromptButtons::YesNoCancel: return PromptAnswer::Yes;
-    case PromptButtons::AbortRetryIgnore: return PromptAnswer::Abort;
-    case PromptButtons::RetryCancel: return PromptAnswer::Retry;
+    case PromptButtons::YesNoCancel:
+        return PromptAnswer::Yes;
+    case PromptButtons::AbortRetryIgnore:
+        return PromptAnswer::Abort;
+    case PromptButtons::RetryCancel:
+        return PromptAnswer::Retry;
     }
     return PromptAnswer::Ok;
 }
 
 std::optional<QString> PromptRecorder::input(QWidget*, const QString& prompt, const QString& title,
                                              const QString& defaultText) {
-    PromptCall call{PromptCall::Kind::Input, prompt, title, PromptIcon::None, PromptButtons::OkCancel, defaultText};
+    PromptCall call{PromptCall::Kind::Input, prompt,     title, PromptIcon::None,
+                    PromptButtons::OkCancel, defaultText};
     calls_.push_back(call);
     if (onPrompt)
         onPrompt(call);

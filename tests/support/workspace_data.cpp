@@ -17,8 +17,8 @@ TempWorkspace::TempWorkspace() {
     const fs::path base = fs::temp_directory_path() / "rosterdesk-tests";
     fs::create_directories(base);
     for (;;) {
-        fs::path candidate = base / ("ws-" + std::to_string(::getpid()) + "-" + std::to_string(counter++) + "-" +
-                                     std::to_string(random() % 100000));
+        fs::path candidate = base / ("ws-" + std::to_string(::getpid()) + "-" + std::to_string(counter++) +
+                                     "-" + std::to_string(random() % 100000));
         if (fs::create_directory(candidate)) {
             root_ = candidate;
             break;
@@ -31,9 +31,13 @@ TempWorkspace::~TempWorkspace() {
     fs::remove_all(root_, ec);
 }
 
-fs::path TempWorkspace::path(std::string_view relative) const { return root_ / fs::path(std::string(relative)); }
+fs::path TempWorkspace::path(std::string_view relative) const {
+    return root_ / fs::path(std::string(relative));
+}
 
-void TempWorkspace::folder(std::string_view relative) const { fs::create_directories(path(relative)); }
+void TempWorkspace::folder(std::string_view relative) const {
+    fs::create_directories(path(relative));
+}
 
 void TempWorkspace::write(std::string_view relative, std::string_view bytes) const {
     const fs::path p = path(relative);
@@ -45,9 +49,13 @@ void TempWorkspace::writeLines(std::string_view relative, const std::vector<std:
     write(relative, crlf(lines));
 }
 
-std::string TempWorkspace::read(std::string_view relative) const { return readBytes(path(relative)); }
+std::string TempWorkspace::read(std::string_view relative) const {
+    return readBytes(path(relative));
+}
 
-bool TempWorkspace::exists(std::string_view relative) const { return fs::exists(path(relative)); }
+bool TempWorkspace::exists(std::string_view relative) const {
+    return fs::exists(path(relative));
+}
 
 std::string crlf(const std::vector<std::string>& lines) {
     std::string out;

@@ -1,0 +1,77 @@
+// The rosterdesk program: reads the command line once, records the user font, points at the
+// help file and shows exactly one first screen. The program ends when the last screen closes.
+//
+// Two environment variables serve scripts and tests (the command line belongs to the launcher):
+//   ROSTERDESK_SCREENSHOT=<file>  save a picture of the first screen, then quit;
+//   ROSTERDESK_REPORT_START=1     print the start-up decision and the first screen, then quit.
+
+#include "core/screens/qtext.h"
+#include "core/screens/userfont.h"
+#include "core/startup.h"
+#include "core/text.h"
+#include "core/workspace.h"
+#include "profiles/screens/frmMain.h"
+
+#include <QApplication>
+#include <QPixmap>
+#include <QTimer>
+#include <QWidget>
+#include <cstdio>
+#include <cstdlib>
+#include <string>
+
+namespace {
+
+// The screen a route opens. Editors that are not part of the program yet open the main window.
+QWidget* openFirstScreen(const rd::StartupDecision& decision, const std::filesystem::path& root) {
+    switch (decision.screen) {
+    case rd::FirstScreen::GameEditor:
+    case rd::FirstScreen::PluginEditor:
+    case rd::FirstScreen::CustomMaps:
+    case rd::FirstScreen::MainWindow:
+        break;
+    }
+    return new rd::frmMain(root);
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    // The launcher's free-text command line, taken before Qt looks at the arguments.
+    const std::string commandLine = rd::utf8ToCp1252(rd::joinCommandLine(argc, argv));
+
+    QApplication app(argc, argv);
+    QApplication::setApplicationName(QStringLiteral("RosterDesk"));
+
+    const std::filesystem::path root = rd::workspaceRoot(rd::programFolder(argv[0]));
+    const rd::StartupDecision decision = rd::decideStartup(commandLine);
+    rd::setUserFont(rd::UserFont{decision.fontSize, decision.fontName});
+    app.setProperty("helpFile", QString::fromStdString(rd::helpFilePath(root).string()));
+
+    QWidget* first = openFirstScreen(decision, root);
+    first->setAttribute(Qt::WA_DeleteOnClose);
+    first->show();
+
+    if (const char* report = std::getenv("ROSTERDESK_REPORT_START"); report && *report) {
+        QTimer::singleShot(0, [&] {
+            std::printf("route=%s\nargument=%s\nscreen=%s\nfontSize=%d\nfontName=%s\n",
+                        rd::firstScreenName(decision.screen), rd::cp1252ToUtf8(decision.argument).c_str(),
+                        first->objectName().toUtf8().constData(), decision.fontSize,
+                        rd::cp1252ToUtf8(decision.fontName).c_str());
+            std::fflush(stdout);
+            QApplication::quit();
+        });
+    }
+    if (const char* shot = std::getenv("ROSTERDESK_SCREENSHOT"); shot && *shot) {
+        const QString file = QString::fromLocal8Bit(shot);
+        QTimer::singleShot(800, [first, file] {
+            const bool saved = first->grab().save(file);
+            std::printf(saved ? "Screenshot of the first screen saved to %s\n"
+                              : "Could not save a screenshot to %s\n",
+                        file.toLocal8Bit().constData());
+            std::fflush(stdout);
+            QApplication::exit(saved ? 0 : 1);
+        });
+    }
+    return QApplication::exec();
+}
