@@ -37,6 +37,10 @@ LineReader::LineReader(const fs::path& path) {
     std::error_code ec;
     if (fs::is_directory(path, ec))
         throw openFailure(path, false, EISDIR);
+    // Only plain files are read: a pipe or a device would block or never end.
+    const auto status = fs::status(path, ec);
+    if (!ec && fs::exists(status) && !fs::is_regular_file(status))
+        throw FileError("Path/File access error: " + path.string() + " is not a plain file");
     errno = 0;
     file_ = std::fopen(path.c_str(), "rb");
     if (!file_)
