@@ -1,0 +1,55 @@
+#include "models/genders.h"
+
+#include "core/text.h"
+#include "core/textfile.h"
+#include "core/workspace.h"
+#include "games/gamelist.h"
+
+#include <algorithm>
+
+namespace rd {
+
+namespace fs = std::filesystem;
+
+ModelGenders LoadModelGenders(const fs::path& root, std::string_view game) {
+    ModelGenders genders;
+    const fs::path folder = resolvePath(gamePathsFolder(root), game);
+    genders.saveTarget = resolvePath(folder, std::string(game) + ".gme");
+
+    std::string models;
+    {
+        LineReader reader(genders.saveTarget);
+        for (int line = 1; line <= 5; ++line)
+            models = reader.readLine("");
+    }
+    if (models.empty()) {
+        genders.noModelsFolder = true;
+        return genders;
+    }
+    genders.male = listFolders(pathFromData(withTrailingSeparator(models)));
+
+    genders.saveTarget = resolvePath(folder, "Female.cfg");
+    if (!fileExists(genders.saveTarget))
+        return genders;
+    LineReader reader(genders.saveTarget);
+    while (!reader.atEnd()) {
+        std::string name = reader.readLine("");
+        const auto match =
+            std::find_if(genders.male.begin(), genders.male.end(),
+                         [&name](const std::string& male) { return equalsNoCase(male, name); });
+        if (match != genders.male.end())
+            genders.male.erase(match);
+        genders.female.push_back(std::move(name));
+    }
+    return genders;
+}
+
+void SaveFemaleList(const fs::path& path, const std::vector<std::string>& female) {
+    writeAllLines(path, female);
+}
+
+std::vector<std::string> readFemaleList(const fs::path& path) {
+    return readAllLines(path);
+}
+
+} // namespace rd

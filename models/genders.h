@@ -1,0 +1,37 @@
+#pragma once
+// Model genders: Game-Paths\<game>\Female.cfg names the female player models of a game, one a
+// line; every model of the game (a sub-folder of its models folder) not named there is male.
+
+#include <filesystem>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace rd {
+
+// Shown (exclamation icon, the game's name as title) when the record names no models folder.
+inline constexpr std::string_view kNoModelsFolder = "No models folder specified";
+// Titles of the error messages of the model gender editor.
+inline constexpr std::string_view kGendersLoadTitle = "Sex Editor - Initialisation";
+inline constexpr std::string_view kGendersSaveTitle = "Saving Female Configuration File";
+
+struct ModelGenders {
+    std::vector<std::string> male;
+    std::vector<std::string> female;
+    // Where OK writes the female list: Female.cfg once the models folder is known; the game's
+    // record file when the record names no models folder (OK then overwrites the record).
+    std::filesystem::path saveTarget;
+    bool noModelsFolder = false; // the caller shows kNoModelsFolder
+};
+
+// Loads the male and female lists of a game. Raises when the record or Female.cfg cannot be
+// read (the caller's error trap reports it); `saveTarget` is set before anything is read.
+ModelGenders LoadModelGenders(const std::filesystem::path& root, std::string_view game);
+
+// Writes the names one a line (an empty list gives an empty file).
+void SaveFemaleList(const std::filesystem::path& path, const std::vector<std::string>& female);
+
+// Reads a female list file: every line, blank ones included, is one name.
+std::vector<std::string> readFemaleList(const std::filesystem::path& path);
+
+} // namespace rd
