@@ -28,7 +28,7 @@ inline constexpr const char* kCategoryLoadingTitle = "Custom Map Editor - loadin
 inline constexpr const char* kCategorySavingTitle = "Custom Map Editor - saving";
 
 // The folder that holds a game's category and arena files: Game-Paths\<game>\.
-std::filesystem::path gameFolder(const std::filesystem::path& root, std::string_view game);
+std::filesystem::path mapsFolder(const std::filesystem::path& root, std::string_view game);
 
 // Names of the game's categories: every "*.Map" file, in listing order, less its last four
 // characters.

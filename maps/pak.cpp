@@ -102,7 +102,7 @@ void AddPak(std::string_view folder, std::string_view title, std::vector<Catalog
     }
 }
 
-fs::path gameRecordPath(const fs::path& root, std::string_view game) {
+fs::path catalogueRecordPath(const fs::path& root, std::string_view game) {
     const std::string name(game);
     return resolvePath(gamePathsFolder(root), name + "\\" + name + ".Gme");
 }
@@ -116,7 +116,7 @@ std::string looseMapName(std::string_view fileName) {
 
 Catalogue BuildCatalogue(const fs::path& root, std::string_view game, TrapHandler handler) {
     Catalogue catalogue;
-    const fs::path record = gameRecordPath(root, game);
+    const fs::path record = catalogueRecordPath(root, game);
     if (!fileExists(record)) {
         catalogue.message = "Could not find " + pathText(record);
         return catalogue;

@@ -44,7 +44,7 @@ struct Catalogue {
 Catalogue BuildCatalogue(const std::filesystem::path& root, std::string_view game, TrapHandler trap);
 
 // The game record the catalogue reads: Game-Paths\<game>\<game>.Gme.
-std::filesystem::path gameRecordPath(const std::filesystem::path& root, std::string_view game);
+std::filesystem::path catalogueRecordPath(const std::filesystem::path& root, std::string_view game);
 
 // A loose map file's name with ".bsp" cut off: first found without regard to case, then with it.
 std::string looseMapName(std::string_view fileName);
