@@ -31,6 +31,14 @@ void applyUserFont(QWidget* screen) {
         return;
     const QString family = fromBytes(current.name);
     const auto controls = screen->findChildren<QWidget*>();
+    // Skipped controls keep their own font even where a container around them gets the user font.
+    for (QWidget* control : controls)
+        if (skipped(control)) {
+            QFont own = control->font();
+            own.setPointSizeF(own.pointSizeF()); // marks size and family as the control's own
+            own.setFamilies(own.families().isEmpty() ? QStringList{own.family()} : own.families());
+            control->setFont(own);
+        }
     for (QWidget* control : controls) {
         if (skipped(control))
             continue;
