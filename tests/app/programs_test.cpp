@@ -1,0 +1,159 @@
+#include "tests/support/workspace_data.h"
+
+#include <array>
+#include <cstdio>
+#include <gtest/gtest.h>
+#include <map>
+#include <nlohmann/json.hpp>
+#include <string>
+#include <sys/wait.h>
+
+using rd::test::TempWorkspace;
+
+namespace {
+
+struct Outcome {
+    int status = -1;
+    std::string out;
+};
+
+// Runs a shell command line, capturing standard output.
+Outcome run(const std::string& command) {
+    Outcome r;
+    FILE* pipe = ::popen(command.c_str(), "r");
+    if (!pipe)
+        return r;
+    std::array<char, 4096> buffer{};
+    std::size_t got = 0;
+    while ((got = std::fread(buffer.data(), 1, buffer.size(), pipe)) > 0)
+        r.out.append(buffer.data(), got);
+    const int raw = ::pclose(pipe);
+    r.status = WIFEXITED(raw) ? WEXITSTATUS(raw) : -1;
+    return r;
+}
+
+std::string quote(const std::string& s) {
+    std::string out = "'";
+    for (char c : s)
+        out += (c == '\'') ? std::string("'\\''") : std::string(1, c);
+    return out + "'";
+}
+
+// Starts rosterdesk offscreen on a workspace with the given arguments; returns its report.
+std::map<std::string, std::string> start(const TempWorkspace& ws, const std::string& args) {
+    const Outcome r = run("ROSTERDESK_ROOT=" + quote(ws.root().string()) +
+                          " QT_QPA_PLATFORM=offscreen ROSTERDESK_REPORT_START=1 " + quote(ROSTERDESK_EXE) +
+                          " " + args + " 2>/dev/null");
+    EXPECT_EQ(r.status, 0);
+    std::map<std::string, std::string> report;
+    std::size_t pos = 0;
+    while (pos < r.out.size()) {
+        const std::size_t end = r.out.find('\n', pos);
+        const std::string line = r.out.substr(pos, end - pos);
+        const std::size_t eq = line.find('=');
+        if (eq != std::string::npos)
+            report[line.substr(0, eq)] = line.substr(eq + 1);
+        pos = end == std::string::npos ? r.out.size() : end + 1;
+    }
+    return report;
+}
+
+Outcome cli(const TempWorkspace& ws, const std::string& args) {
+    return run(quote(ROSTERDESK_CLI) + " --root " + quote(ws.root().string()) + " " + args + " 2>/dev/null");
+}
+
+} // namespace
+
+TEST(Program, EmptyCommandLineShowsTheMainWindow) {
+    TempWorkspace ws;
+    auto report = start(ws, "");
+    EXPECT_EQ(report["route"], "MainWindow");
+    EXPECT_EQ(report["screen"], "frmMain");
+    EXPECT_EQ(report["fontSize"], "0");
+}
+
+TEST(Program, GameOnTheCommandLineRoutesToTheGameEditor) {
+    TempWorkspace ws;
+    auto report = start(ws, "game=Quake2 FONTSIZE=10.5");
+    EXPECT_EQ(report["route"], "GameEditor");
+    EXPECT_EQ(report["argument"], "Quake2");
+    EXPECT_EQ(report["fontSize"], "10");
+    // Until the game editor is part of the program, its route opens the main window.
+    EXPECT_EQ(report["screen"], "frmMain");
+}
+
+TEST(Program, QuotedFontNameAcrossArgumentsIsJoinedBackTogether) {
+    TempWorkspace ws;
+    auto report = start(ws, "\"FONTNAME='MS Sans Serif'\" BOT=Eraser");
+    EXPECT_EQ(report["fontName"], "MS Sans Serif");
+    EXPECT_EQ(report["route"], "PluginEditor");
+    EXPECT_EQ(report["argument"], "Eraser");
+}
+
+TEST(Program, CustomMapsWordRoutesToTheCustomMapsEditor) {
+    TempWorkspace ws;
+    EXPECT_EQ(start(ws, "/CustomMaps")["route"], "CustomMaps");
+    EXPECT_EQ(start(ws, "Custom Maps")["route"], "MainWindow");
+}
+
+TEST(Cli, BotsAreListedInListingOrder) {
+    TempWorkspace ws;
+    ws.folder("Plug-Ins/eraser");
+    ws.folder("Plug-Ins/ACE");
+    ws.write("Plug-Ins/file.txt", "x");
+    const Outcome r = cli(ws, "bots");
+    EXPECT_EQ(r.status, 0);
+    EXPECT_EQ(nlohmann::json::parse(r.out), nlohmann::json({"ACE", "eraser"}));
+}
+
+TEST(Cli, ProfilesCarryTheirBotAndFilterByBotWithoutRegardToCase) {
+    TempWorkspace ws;
+    ws.writeLines("Team A/profile.cfg", {"eraser"});
+    ws.writeLines("Team B/profile.cfg", {"Eraser2"});
+    ws.folder("Team C");
+    ws.folder("GAME-PATHS");
+    Outcome r = cli(ws, "profiles");
+    EXPECT_EQ(r.status, 0);
+    EXPECT_EQ(nlohmann::json::parse(r.out), nlohmann::json::parse(R"([{"name":"Team A","bot":"eraser"},
+        {"name":"Team B","bot":"Eraser2"},{"name":"Team C","bot":""}])"));
+    r = cli(ws, "profiles --bot ERASER");
+    EXPECT_EQ(r.status, 0);
+    EXPECT_EQ(nlohmann::json::parse(r.out), nlohmann::json::parse(R"([{"name":"Team A","bot":"eraser"}])"));
+}
+
+TEST(Cli, NamesInTheCodePageComeOutAsUtf8) {
+    TempWorkspace ws;
+    ws.write("\xC3\x89quipe/profile.cfg", "Caf\xE9\r\n"); // folder name in UTF-8, file text in the code page
+    const Outcome r = cli(ws, "profiles");
+    EXPECT_EQ(nlohmann::json::parse(r.out),
+              nlohmann::json::parse("[{\"name\":\"\xC3\x89quipe\",\"bot\":\"Caf\xC3\xA9\"}]"));
+}
+
+TEST(Cli, GamesAreTheFoldersOfGamePaths) {
+    TempWorkspace ws;
+    ws.folder("game-paths/Quake2");
+    ws.folder("game-paths/LanParty");
+    ws.write("game-paths/Stray.Gme", "x");
+    const Outcome r = cli(ws, "games");
+    EXPECT_EQ(r.status, 0);
+    EXPECT_EQ(nlohmann::json::parse(r.out), nlohmann::json({"LanParty", "Quake2"}));
+}
+
+TEST(Cli, KeyLookupFromTheShell) {
+    TempWorkspace ws;
+    Outcome r = cli(ws, "key \"-x BOT='Eraser two' GAME=Quake2\" BOT");
+    EXPECT_EQ(r.status, 0);
+    EXPECT_EQ(nlohmann::json::parse(r.out), "Eraser two");
+    r = cli(ws, "key \"NAME='it's'\" NAME");
+    EXPECT_EQ(nlohmann::json::parse(r.out), "it");
+}
+
+TEST(Cli, UsageErrorsExitWithTwoAndPrintNothing) {
+    TempWorkspace ws;
+    Outcome r = cli(ws, "key onlyone");
+    EXPECT_EQ(r.status, 2);
+    EXPECT_EQ(r.out, "");
+    r = cli(ws, "no-such-command");
+    EXPECT_EQ(r.status, 2);
+    EXPECT_EQ(r.out, "");
+}
