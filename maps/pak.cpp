@@ -5,6 +5,7 @@
 #include "core/workspace.h"
 #include "games/gamelist.h"
 
+#include <algorithm>
 #include <array>
 #include <cstdint>
 #include <cstdio>
@@ -19,6 +20,7 @@ namespace {
 constexpr std::size_t kHeaderSize = 12;
 constexpr std::size_t kEntrySize = 64;
 constexpr std::size_t kNameSize = 56;
+constexpr std::int64_t kChunkEntries = 1024;
 
 std::int32_t readInt32(const unsigned char* bytes) {
     const std::uint32_t v =
@@ -31,13 +33,40 @@ struct FileCloser {
     void operator()(std::FILE* f) const { std::fclose(f); }
 };
 
-// A map name from the lower-cased 56-character entry name.
-std::string mapNameOf(const std::string& entryName) {
-    std::string name = trim(entryName.substr(5));
-    for (std::size_t at = findNoCase(name, ".bsp"); at != std::string::npos && name.size() >= 2;
-         at = findNoCase(name, ".bsp"))
-        name = trim(name.substr(0, at));
-    return name;
+// Lower case of every byte in the launcher's code page, as a table built once.
+const std::array<char, 256>& lowerTable() {
+    static const std::array<char, 256> table = [] {
+        std::array<char, 256> t{};
+        for (int b = 0; b < 256; ++b)
+            t[static_cast<std::size_t>(b)] = lowerCase(std::string(1, static_cast<char>(b)))[0];
+        return t;
+    }();
+    return table;
+}
+
+// "maps*.bsp*" matched with regard to case ('*' matching any run, NULs included): the name
+// begins with "maps" and holds ".bsp" somewhere after those four characters.
+bool isMapEntry(std::string_view lowered) {
+    return lowered.substr(0, 4) == "maps" && lowered.find(".bsp", 4) != std::string_view::npos;
+}
+
+std::string_view trimBlanks(std::string_view s) {
+    while (!s.empty() && s.front() == ' ')
+        s.remove_prefix(1);
+    while (!s.empty() && s.back() == ' ')
+        s.remove_suffix(1);
+    return s;
+}
+
+// A map name from the lower-cased 56-character entry name: the first five characters dropped,
+// blanks trimmed, then cut before ".bsp" (and trimmed) as long as the name holds one and is at
+// least two characters long. The name is already lower case, so ".bsp" is found as it stands.
+std::string mapNameOf(std::string_view lowered) {
+    std::string_view name = trimBlanks(lowered.substr(5));
+    for (std::size_t at = name.find(".bsp"); at != std::string_view::npos && name.size() >= 2;
+         at = name.find(".bsp"))
+        name = trimBlanks(name.substr(0, at));
+    return std::string(name);
 }
 
 std::string pathText(const fs::path& path) {
@@ -64,18 +93,30 @@ bool ScanPak(const fs::path& pakPath, std::vector<std::string>& target, bool map
     if (std::fseek(file.get(), directoryOffset, SEEK_SET) != 0)
         return false;
 
-    // floor(length / 64) entries when the length is 64 or more, none otherwise. Entries are read
-    // one at a time, so nothing is allocated beyond what the file really holds.
-    const std::int64_t entries = directoryLength < 64 ? 0 : directoryLength / 64;
-    std::array<char, kEntrySize> entry{};
-    for (std::int64_t i = 0; i < entries; ++i) {
-        if (std::fread(entry.data(), 1, entry.size(), file.get()) != entry.size())
-            break; // the directory runs past the end of the file: keep what was read
-        const std::string name = lowerCase(std::string_view(entry.data(), kNameSize));
-        if (!mapsOnly)
-            target.push_back(name);
-        else if (wildcardMatch("maps*.bsp*", name, true))
-            target.push_back(mapNameOf(name));
+    // floor(length / 64) entries when the length is 64 or more, none otherwise. The directory is
+    // read in chunks of at most kChunkEntries entries, so nothing is allocated beyond a chunk
+    // whatever the header claims; a directory that runs past the end of the file stops there.
+    std::int64_t remaining = directoryLength < 64 ? 0 : directoryLength / 64;
+    const auto& lower = lowerTable();
+    std::vector<char> chunk;
+    char name[kNameSize];
+    while (remaining > 0) {
+        const auto wanted = static_cast<std::size_t>(std::min<std::int64_t>(remaining, kChunkEntries));
+        chunk.resize(wanted * kEntrySize);
+        const std::size_t got = std::fread(chunk.data(), 1, chunk.size(), file.get()) / kEntrySize;
+        for (std::size_t i = 0; i < got; ++i) {
+            const char* entry = chunk.data() + i * kEntrySize;
+            for (std::size_t c = 0; c < kNameSize; ++c)
+                name[c] = lower[static_cast<unsigned char>(entry[c])];
+            const std::string_view lowered(name, kNameSize);
+            if (!mapsOnly)
+                target.emplace_back(lowered);
+            else if (isMapEntry(lowered))
+                target.push_back(mapNameOf(lowered));
+        }
+        if (got < wanted)
+            break;
+        remaining -= static_cast<std::int64_t>(got);
     }
     return true;
 }
