@@ -37,6 +37,16 @@ inline constexpr const char* kStartTypes[] = {"Hidden",
                                               "Normal with no Focus",
                                               "Minimized with no Focus"};
 inline constexpr int kStartTypeCount = 6;
+// The editor's hint for the start types.
+inline constexpr std::string_view kStartTypeHint =
+    "Keep this set to \"hidden\" unless you have good reason to change it";
+
+// The template editor's words on the <PATH> placeholder, which the launcher expands (this
+// program only stores it).
+inline constexpr std::string_view kTemplatePathPlaceholder = "<PATH>";
+inline constexpr std::string_view kTemplatePathRule = "Use <PATH> where you want the main path to go";
+inline constexpr std::string_view kTemplateBackslashNote =
+    "Note that when this is replaced, the trailing backslash is automatically added";
 
 // Messages and titles of the game operations.
 inline constexpr std::string_view kGameNotFoundTail = " - not found";

@@ -432,6 +432,25 @@ TEST(DeleteGame, SubFolderMakesTheFolderRemovalFailAfterTheFilesAreDeleted) {
     EXPECT_EQ(ListGames(ws.root()), std::vector<std::string>{"G"});
 }
 
+TEST(DeleteGame, FolderWithoutFilesReportsFileNotFoundAndIgnoreRemovesTheFolder) {
+    TempWorkspace ws;
+    ws.folder("Game-Paths/G");
+    std::vector<std::string> errors;
+    StepRunner runner(collectAndIgnore(errors));
+    EXPECT_TRUE(DeleteGame(ws.root(), "G", runner));
+    ASSERT_EQ(errors.size(), 1u);
+    EXPECT_EQ(errors[0].rfind("File not found", 0), 0u) << errors[0];
+    EXPECT_FALSE(ws.exists("Game-Paths/G"));
+}
+
+TEST(DeleteGame, AbortAfterTheFirstFailureKeepsTheFolder) {
+    TempWorkspace ws;
+    ws.folder("Game-Paths/G");
+    StepRunner runner([](const std::string&) { return TrapChoice::Abort; });
+    EXPECT_FALSE(DeleteGame(ws.root(), "G", runner));
+    EXPECT_TRUE(ws.exists("Game-Paths/G"));
+}
+
 TEST(ListGames, OnlyFoldersCountInListingOrder) {
     TempWorkspace ws;
     ws.folder("Game-Paths/quake2");
