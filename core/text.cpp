@@ -44,7 +44,7 @@ unsigned char fromCodePoint(char32_t cp) {
 
 } // namespace
 
-char upperByte(char c) {
+char upperByteSlow(char c) {
     const auto b = static_cast<unsigned char>(c);
     if (b >= 'a' && b <= 'z')
         return static_cast<char>(b - 32);

@@ -10,7 +10,20 @@ namespace rd {
 
 // Upper case of one byte in Windows-1252: ASCII letters, the accented letters 0xE0-0xFE
 // (not 0xF7), and the pairs s/S caron, oe/OE, z/Z caron, y/Y diaeresis.
-char upperByte(char c);
+char upperByteSlow(char c);
+namespace detail {
+struct UpperTable {
+    char map[256];
+    UpperTable() {
+        for (int i = 0; i < 256; ++i)
+            map[i] = upperByteSlow(static_cast<char>(i));
+    }
+};
+inline const UpperTable upperTable;
+} // namespace detail
+inline char upperByte(char c) {
+    return detail::upperTable.map[static_cast<unsigned char>(c)];
+}
 std::string upperCase(std::string_view s);
 std::string lowerCase(std::string_view s);
 

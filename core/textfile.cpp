@@ -2,8 +2,12 @@
 
 #include "core/errors.h"
 
+#include <algorithm>
 #include <cerrno>
+#include <fcntl.h>
+#include <sys/stat.h>
 #include <system_error>
+#include <unistd.h>
 
 namespace rd {
 
@@ -33,18 +37,62 @@ FileError openFailure(const fs::path& path, bool forWriting, int err) {
 
 } // namespace
 
+namespace {
+
+// Opens a plain file for reading with one open and one fstat. A folder, a pipe or a device is
+// refused (a pipe would block, a device might never end). Returns -1 with `missing` set when
+// there is no such file or the entry is a folder.
+int openPlainFile(const fs::path& path, bool& missing, int& error, std::size_t& size) {
+    missing = false;
+    error = 0;
+    const int fd = ::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
+    if (fd < 0) {
+        error = errno;
+        missing = (errno == ENOENT || errno == ENOTDIR);
+        return -1;
+    }
+    struct stat st {};
+    if (::fstat(fd, &st) != 0 || !S_ISREG(st.st_mode)) {
+        const bool folder = S_ISDIR(st.st_mode);
+        ::close(fd);
+        error = folder ? EISDIR : EINVAL;
+        missing = folder;
+        return -1;
+    }
+    size = static_cast<std::size_t>(st.st_size);
+    return fd;
+}
+
+FileError readFailure(const fs::path& path, int err) {
+    if (err == EINVAL)
+        return FileError("Path/File access error: " + path.string() + " is not a plain file");
+    return openFailure(path, false, err);
+}
+
+} // namespace
+
 LineReader::LineReader(const fs::path& path) {
-    std::error_code ec;
-    if (fs::is_directory(path, ec))
-        throw openFailure(path, false, EISDIR);
-    // Only plain files are read: a pipe or a device would block or never end.
-    const auto status = fs::status(path, ec);
-    if (!ec && fs::exists(status) && !fs::is_regular_file(status))
-        throw FileError("Path/File access error: " + path.string() + " is not a plain file");
-    errno = 0;
-    file_ = std::fopen(path.c_str(), "rb");
-    if (!file_)
-        throw openFailure(path, false, errno);
+    bool missing = false;
+    int err = 0;
+    fd_ = openPlainFile(path, missing, err, firstRead_);
+    if (fd_ < 0)
+        throw readFailure(path, err);
+}
+
+std::optional<LineReader> LineReader::openExisting(const fs::path& path) {
+    bool missing = false;
+    int err = 0;
+    std::size_t size = 0;
+    const int fd = openPlainFile(path, missing, err, size);
+    if (fd < 0) {
+        if (missing)
+            return std::nullopt;
+        throw readFailure(path, err);
+    }
+    LineReader reader;
+    reader.fd_ = fd;
+    reader.firstRead_ = size;
+    return reader;
 }
 
 LineReader::~LineReader() {
@@ -52,52 +100,67 @@ LineReader::~LineReader() {
 }
 
 LineReader::LineReader(LineReader&& other) noexcept
-    : file_(other.file_), buffer_(std::move(other.buffer_)), pos_(other.pos_), eof_(other.eof_) {
-    other.file_ = nullptr;
+    : fd_(other.fd_), firstRead_(other.firstRead_), started_(other.started_),
+      buffer_(std::move(other.buffer_)), pos_(other.pos_), eof_(other.eof_) {
+    other.fd_ = -1;
 }
 
 LineReader& LineReader::operator=(LineReader&& other) noexcept {
     if (this != &other) {
         close();
-        file_ = other.file_;
+        fd_ = other.fd_;
+        firstRead_ = other.firstRead_;
+        started_ = other.started_;
         buffer_ = std::move(other.buffer_);
         pos_ = other.pos_;
         eof_ = other.eof_;
-        other.file_ = nullptr;
+        other.fd_ = -1;
     }
     return *this;
 }
 
 void LineReader::close() {
-    if (file_)
-        std::fclose(file_);
-    file_ = nullptr;
+    if (fd_ >= 0)
+        ::close(fd_);
+    fd_ = -1;
     buffer_.clear();
     pos_ = 0;
     eof_ = false;
+    started_ = false;
 }
 
 bool LineReader::fill() {
-    if (!file_ || eof_)
+    if (fd_ < 0 || eof_)
         return false;
     if (pos_ > 0) {
         buffer_.erase(0, pos_);
         pos_ = 0;
     }
-    char chunk[kChunk];
-    const std::size_t got = std::fread(chunk, 1, sizeof chunk, file_);
-    if (got == 0) {
-        if (std::ferror(file_))
+    // The first read asks for the whole (small) file and one byte more, to see its end at once.
+    std::size_t want = kChunk;
+    if (!started_) {
+        want = std::min(kChunk, firstRead_ + 1);
+        started_ = true;
+    }
+    const std::size_t old = buffer_.size();
+    buffer_.resize(old + want);
+    ssize_t got = 0;
+    do {
+        got = ::read(fd_, buffer_.data() + old, want);
+    } while (got < 0 && errno == EINTR);
+    if (got <= 0) {
+        buffer_.resize(old);
+        if (got < 0)
             throw FileError("Device I/O error while reading");
         eof_ = true;
         return false;
     }
-    buffer_.append(chunk, got);
+    buffer_.resize(old + static_cast<std::size_t>(got));
     return true;
 }
 
 bool LineReader::atEnd() {
-    if (!file_)
+    if (fd_ < 0)
         return true;
     while (pos_ >= buffer_.size())
         if (!fill())

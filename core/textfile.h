@@ -5,6 +5,7 @@
 
 #include <cstdio>
 #include <filesystem>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -18,12 +19,16 @@ public:
     LineReader() = default;
     explicit LineReader(const std::filesystem::path& path);
     ~LineReader();
+    // Opens the file when it exists as a file; nothing when there is no entry of that name or
+    // the entry is a folder ("a directory search for the file finds nothing"). Other failures
+    // raise FileError.
+    static std::optional<LineReader> openExisting(const std::filesystem::path& path);
     LineReader(LineReader&& other) noexcept;
     LineReader& operator=(LineReader&& other) noexcept;
     LineReader(const LineReader&) = delete;
     LineReader& operator=(const LineReader&) = delete;
 
-    bool isOpen() const { return file_ != nullptr; }
+    bool isOpen() const { return fd_ >= 0; }
     // True when the reader is closed or no byte is left.
     bool atEnd();
     // "Read next line (reader, default)": the next line, or `fallback` unchanged when the
@@ -34,7 +39,9 @@ public:
 private:
     bool fill();
 
-    std::FILE* file_ = nullptr;
+    int fd_ = -1;
+    std::size_t firstRead_ = 0; // the file's size: small files are read with one call
+    bool started_ = false;
     std::string buffer_;
     std::size_t pos_ = 0;
     bool eof_ = false;

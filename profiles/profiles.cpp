@@ -31,11 +31,16 @@ std::vector<std::string> listProfiles(const std::filesystem::path& root) {
 
 std::string readProfileOwner(const std::filesystem::path& root, const std::string& profile) {
     const auto folder = joinName(root, profile);
-    const auto file = resolvePath(folder, "profile.cfg");
-    if (!fileExists(file))
+    // The exact name first (one open); only when it is missing, look for it in another case.
+    auto reader = LineReader::openExisting(folder / "profile.cfg");
+    if (!reader) {
+        const auto resolved = resolvePath(folder, "profile.cfg");
+        if (resolved.filename() != "profile.cfg")
+            reader = LineReader::openExisting(resolved);
+    }
+    if (!reader)
         return {};
-    LineReader reader(file);
-    return reader.readLine("");
+    return reader->readLine("");
 }
 
 std::string ReadProfileOwner(const std::filesystem::path& root, const std::string& profile,
@@ -55,7 +60,7 @@ bool profileShown(bool onlyShowSelectedBot, const std::optional<std::string>& se
         return true;
     if (!selectedBot)
         return false;
-    return upperCase(owner()) == upperCase(*selectedBot);
+    return equalsNoCase(owner(), *selectedBot);
 }
 
 std::vector<std::string> GetProfileList(const std::filesystem::path& root, bool onlyShowSelectedBot,
