@@ -5,6 +5,7 @@
 #include "core/screens/qtext.h"
 #include "core/screens/userfont.h"
 #include "core/steprunner.h"
+#include "dialogs/frmRDabout.h"
 #include "profiles/profiles.h"
 
 #include <QApplication>
@@ -81,7 +82,7 @@ frmMain::frmMain(std::filesystem::path root, QWidget* parent) : QDialog(parent),
     cmdEditArena = makeButton(this, "cmdEditArena", QStringLiteral("Edit Are&nas"), false);
     cmdLadies = makeButton(this, "cmdLadies", QStringLiteral("Se&x Editor"), false);
     cmdHelp = makeButton(this, "cmdHelp", QStringLiteral("&Help Index"), false);
-    cmdAbout = makeButton(this, "cmdAbout", QStringLiteral("A&bout..."), false);
+    cmdAbout = makeButton(this, "cmdAbout", QStringLiteral("A&bout..."), true);
     cmdOK = makeButton(this, "cmdOK", QStringLiteral("&Quit"), true);
 
     // Layout: the two lists side by side with their buttons below; editors on the right.
@@ -190,7 +191,9 @@ void frmMain::lstRecognisedBots_DblClick() {
     cmdEditBot->click();
 }
 
-void frmMain::cmdAbout_Click() {}
+void frmMain::cmdAbout_Click() {
+    ShowAbout(this);
+}
 
 void frmMain::cmdOK_Click() {
     close();
