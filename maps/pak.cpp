@@ -137,6 +137,7 @@ void AddPak(std::string_view folder, std::string_view title, std::vector<Catalog
         trap.step([&] {
             std::vector<std::string> names;
             ScanPak(joinName(directory, archive), names, true);
+            rows.reserve(rows.size() + names.size());
             for (auto& name : names)
                 rows.push_back(CatalogueRow{std::move(name), source + archive});
         });
@@ -181,7 +182,9 @@ Catalogue BuildCatalogue(const fs::path& root, std::string_view game, TrapHandle
     AddPak(mainFolder + "crbot", "CRbot", rows, trap);
     AddPak(mainFolder + "ace", "ACE", rows, trap);
 
-    for (const auto& file : listFiles(pathFromData(mapFolder), "*.bsp"))
+    const std::vector<std::string> looseFiles = listFiles(pathFromData(mapFolder), "*.bsp");
+    rows.reserve(rows.size() + looseFiles.size());
+    for (const auto& file : looseFiles)
         rows.push_back(CatalogueRow{looseMapName(file), "Custom Maps"});
     return catalogue;
 }
