@@ -35,8 +35,8 @@ std::string buildPak(const std::vector<PakEntry>& entries, const std::string& id
     return out + data + directory;
 }
 
-std::string buildRawPak(const std::string& identifier, std::int32_t directoryOffset, std::int32_t directoryLength,
-                        const std::string& directory, std::size_t directoryAt) {
+std::string buildRawPak(const std::string& identifier, std::int32_t directoryOffset,
+                        std::int32_t directoryLength, const std::string& directory, std::size_t directoryAt) {
     std::string out = identifier.substr(0, 4);
     out.resize(4, '\0');
     putInt32(out, directoryOffset);
@@ -46,7 +46,8 @@ std::string buildRawPak(const std::string& identifier, std::int32_t directoryOff
     return out + directory;
 }
 
-void writePak(const std::filesystem::path& path, const std::vector<PakEntry>& entries, const std::string& identifier) {
+void writePak(const std::filesystem::path& path, const std::vector<PakEntry>& entries,
+              const std::string& identifier) {
     writeBytes(path, buildPak(entries, identifier));
 }
 

@@ -21,8 +21,8 @@ std::string buildPak(const std::vector<PakEntry>& entries, const std::string& id
 
 // An archive with a header as given and `directory` bytes placed at `directoryAt` (the file is
 // padded with zeros up to there); nothing checks that the header tells the truth.
-std::string buildRawPak(const std::string& identifier, std::int32_t directoryOffset, std::int32_t directoryLength,
-                        const std::string& directory, std::size_t directoryAt);
+std::string buildRawPak(const std::string& identifier, std::int32_t directoryOffset,
+                        std::int32_t directoryLength, const std::string& directory, std::size_t directoryAt);
 
 // One 64-byte directory entry.
 std::string pakDirectoryEntry(const std::string& name, std::int32_t position = 0, std::int32_t length = 0);
