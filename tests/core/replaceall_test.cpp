@@ -1,6 +1,11 @@
 #include "core/replaceall.h"
 
+#include "core/errors.h"
+#include "core/text.h"
+
 #include <gtest/gtest.h>
+#include <random>
+#include <string>
 
 using rd::ReplaceAll;
 
@@ -66,4 +71,48 @@ TEST(ReplaceAll, LongerReplacementReplacesEveryOccurrence) {
 
 TEST(ReplaceAll, NoOccurrenceLeavesTheSourceUnchanged) {
     EXPECT_EQ(ReplaceAll("hello", "z", "y", false), "hello");
+}
+
+TEST(ReplaceAll, EndlessGrowthIsStoppedWithAnError) {
+    // Every replacement of "ab" by "bbaa" in "aab" leaves a new "ab" behind it.
+    EXPECT_THROW(ReplaceAll("aab", "ab", "bbaa", true), rd::RosterError);
+}
+
+namespace {
+// The rule as words: find the first occurrence from the very beginning, rebuild, start again.
+std::string restartingReplace(std::string text, const std::string& find, const std::string& replacement,
+                              bool caseSensitive) {
+    for (int rounds = 0; rounds < 500 && text.size() < 500; ++rounds) {
+        const std::size_t at = caseSensitive ? text.find(find) : rd::findNoCase(text, find);
+        if (at == std::string::npos)
+            return text;
+        text = text.substr(0, at) + replacement + text.substr(at + find.size());
+    }
+    return "<endless>";
+}
+} // namespace
+
+TEST(ReplaceAll, AgreesWithSearchingFromTheBeginningEveryTime) {
+    std::mt19937 random(1234);
+    const std::string letters = "aAbB";
+    auto word = [&](std::size_t most) {
+        std::string w(std::uniform_int_distribution<std::size_t>(0, most)(random), ' ');
+        for (char& c : w)
+            c = letters[std::uniform_int_distribution<std::size_t>(0, letters.size() - 1)(random)];
+        return w;
+    };
+    int compared = 0;
+    for (int i = 0; i < 20000; ++i) {
+        const std::string source = word(12), find = word(3), replacement = word(4);
+        const bool caseSensitive = (i % 2) == 0;
+        const std::string expected = restartingReplace(source, find, replacement, caseSensitive);
+        if (expected == "<endless>" || find.empty() ||
+            (caseSensitive ? replacement.find(find) != std::string::npos
+                           : rd::containsNoCase(replacement, find)))
+            continue;
+        ASSERT_EQ(ReplaceAll(source, find, replacement, caseSensitive), expected)
+            << source << " / " << find << " / " << replacement << " / " << caseSensitive;
+        ++compared;
+    }
+    EXPECT_GT(compared, 5000);
 }
