@@ -6,6 +6,7 @@
 #include <QEvent>
 #include <QHeaderView>
 #include <QKeyEvent>
+#include <QLineEdit>
 #include <QListWidget>
 #include <QScreen>
 #include <QTreeWidget>
@@ -109,7 +110,7 @@ public:
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override {
-        if (watched != control_ || event->type() != QEvent::KeyPress)
+        if (event->type() != QEvent::KeyPress || !(watched == control_ || watched->parent() == control_))
             return false;
         const MoveKey key = moveKeyOf(static_cast<QKeyEvent*>(event));
         if (key == MoveKey::None)
@@ -208,7 +209,11 @@ MoveKey moveKeyOf(const QKeyEvent* event) {
 }
 
 void giveMoveKeys(QWidget* control, std::function<void(MoveKey)> moved) {
-    control->installEventFilter(new MoveKeyFilter(control, std::move(moved)));
+    auto* filter = new MoveKeyFilter(control, std::move(moved));
+    control->installEventFilter(filter);
+    // An editable drop-down list types into its own line edit, which gets the keys first.
+    if (auto* combo = qobject_cast<QComboBox*>(control); combo && combo->lineEdit())
+        combo->lineEdit()->installEventFilter(filter);
 }
 
 int ListEntryAtPointer(const QListWidget* list, double y) {

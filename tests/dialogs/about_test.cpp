@@ -1,13 +1,19 @@
+#include "core/screens/userfont.h"
 #include "dialogs/aboutanimation.h"
+#include "dialogs/frmFindFolder.h"
+#include "dialogs/frmPickFromLV.h"
 #include "dialogs/frmRDabout.h"
 #include "dialogs/version.h"
 #include "tests/core/screens/modal_driver.h"
 #include "tests/support/prompts_screens.h"
 
+#include <QComboBox>
 #include <QLabel>
+#include <QListWidget>
 #include <QPushButton>
 #include <QRegularExpression>
 #include <QTest>
+#include <QTreeWidget>
 #include <cmath>
 #include <gtest/gtest.h>
 
@@ -183,4 +189,19 @@ TEST(AboutBox, ShowAboutOpensModallyAndOkClosesIt) {
     ShowAbout(&owner);
     ASSERT_TRUE(driver.acted());
     EXPECT_EQ(caption, "About...");
+}
+
+TEST(SharedDialogs, EachDialogTakesTheUserFontWhenItLoads) {
+    setUserFont(UserFont{13, "Arial"});
+    frmRDabout about;
+    frmFindFolder picker("");
+    QTreeWidget source;
+    frmPickFromLV pick(&source, nullptr, -1, "T");
+    setUserFont(UserFont{});
+    for (QWidget* control : {static_cast<QWidget*>(about.lblInfo), static_cast<QWidget*>(about.cmdOK),
+                             static_cast<QWidget*>(picker.Drive1), static_cast<QWidget*>(picker.Dir1),
+                             static_cast<QWidget*>(pick.List1), static_cast<QWidget*>(pick.cmdOK)}) {
+        EXPECT_EQ(control->font().pointSize(), 13) << control->objectName().toStdString();
+        EXPECT_EQ(control->font().family(), "Arial") << control->objectName().toStdString();
+    }
 }

@@ -417,3 +417,14 @@ TEST(ListEntryAtPointer, AnEmptyListGivesMinusOne) {
     ASSERT_TRUE(QTest::qWaitForWindowExposed(&list));
     EXPECT_EQ(ListEntryAtPointer(&list, 10), -1);
 }
+
+TEST(DropDownList, EditableListTakesTheMoveKeysInItsTextToo) {
+    QComboBox combo;
+    combo.setEditable(true);
+    fillDropDown(combo);
+    combo.setCurrentIndex(1);
+    QTest::keyClick(combo.lineEdit(), Qt::Key_U, Qt::ControlModifier);
+    EXPECT_EQ(combo.itemText(0), "beta");
+    EXPECT_EQ(combo.itemText(1), "alpha");
+    EXPECT_EQ(combo.currentIndex(), 0);
+}

@@ -1,4 +1,5 @@
 #include "core/screens/frmZoom.h"
+#include "core/screens/userfont.h"
 #include "core/screens/zoomtextbox.h"
 #include "tests/core/screens/modal_driver.h"
 
@@ -310,4 +311,35 @@ TEST(ZoomEditorLayout, TheTextBoxFillsTheScreenAboveTheButtons) {
     EXPECT_LT(large.bottom(), zoom.cmdCancel->geometry().top());
     EXPECT_EQ(zoom.cmdOK->text(), "&OK");
     EXPECT_EQ(zoom.cmdCancel->text(), "&Cancel");
+}
+
+TEST(ZoomEditor, AMultiLineBoxGetsTheZoomKeyToo) {
+    QWidget window;
+    auto* box = new QPlainTextEdit("first", &window);
+    giveZoomKey(box);
+    ModalDriver driver([&](QDialog* d) {
+        typeLines(d, {"ab", "cd"});
+        QTest::mouseClick(button(d, "cmdOK"), Qt::LeftButton);
+    });
+    QTest::keyClick(box, Qt::Key_F2);
+    ASSERT_TRUE(driver.acted());
+    EXPECT_EQ(box->toPlainText(), "abcd");
+}
+
+TEST(ZoomEditor, WidgetsThatHoldNoTextOpenNothing) {
+    QWidget window;
+    QLabel label("text", &window);
+    ModalDriver driver([&](QDialog* d) { d->reject(); }, 500);
+    EXPECT_TRUE(ZoomTextBox(&label, &window, false, QString()).isEmpty());
+    EXPECT_FALSE(driver.acted());
+    EXPECT_EQ(label.text(), "text");
+}
+
+TEST(ZoomEditor, TheEditorTakesTheUserFontWhenItLoads) {
+    setUserFont(UserFont{14, "Courier New"});
+    frmZoom zoom("text", false);
+    setUserFont(UserFont{});
+    EXPECT_EQ(zoom.txtText->font().pointSize(), 14);
+    EXPECT_EQ(zoom.txtText->font().family(), "Courier New");
+    EXPECT_EQ(zoom.cmdOK->font().pointSize(), 14);
 }
