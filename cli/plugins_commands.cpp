@@ -20,11 +20,10 @@ TrapHandler setupTrap(Context& ctx) {
     };
 }
 
-PluginSetup loadSetup(Context& ctx, const std::filesystem::path& folder, StepRunner& runner) {
+PluginSetup loadSetup(const std::filesystem::path& folder, StepRunner& runner) {
     auto setup = LoadPluginSetup(folder, runner);
     if (!setup)
         throw UsageError(std::string(kCouldNotFind) + nameOf(folder));
-    (void)ctx;
     return *setup;
 }
 
@@ -66,11 +65,11 @@ void requireFile(const std::filesystem::path& path) {
 const bool setupRegistered = addFileKind(
     "setup", FileKind{[](Context& ctx, const std::filesystem::path& folder, const std::vector<std::string>&) {
                           StepRunner runner(setupTrap(ctx));
-                          return setupJson(loadSetup(ctx, folder, runner));
+                          return setupJson(loadSetup(folder, runner));
                       },
                       [](Context& ctx, const std::filesystem::path& folder) {
                           StepRunner runner(setupTrap(ctx));
-                          const PluginSetup setup = loadSetup(ctx, folder, runner);
+                          const PluginSetup setup = loadSetup(folder, runner);
                           StepRunner saving(setupTrap(ctx));
                           SavePluginSetup(folder, setup, saving);
                       }});
