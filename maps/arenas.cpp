@@ -29,6 +29,15 @@ void DeleteArenaMap(const fs::path& root, std::string_view game, std::string_vie
     detail::deleteFile(mapsFolder(root, game), map, ".ra2");
 }
 
+std::optional<std::size_t> AddArena(std::vector<std::string>& arenas, std::optional<std::size_t> selected,
+                                    std::string_view name) {
+    if (name.empty())
+        return std::nullopt;
+    const std::size_t at = selected && *selected < arenas.size() ? *selected + 1 : arenas.size();
+    arenas.insert(arenas.begin() + static_cast<std::ptrdiff_t>(at), std::string(name));
+    return at;
+}
+
 std::vector<std::string> LoadArenas(const fs::path& path) {
     if (!fileExists(path))
         return {};

@@ -4,6 +4,7 @@
 #include "maps/categories.h"
 
 #include <filesystem>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -24,6 +25,12 @@ NewFileOutcome CreateArenaMap(const std::filesystem::path& root, std::string_vie
 RenameOutcome RenameArenaMap(const std::filesystem::path& root, std::string_view game,
                              std::string_view oldName, std::string_view newName);
 void DeleteArenaMap(const std::filesystem::path& root, std::string_view game, std::string_view map);
+
+// The arena list screen's Add: an empty name does nothing (returns nothing); otherwise the name
+// goes directly after the selected entry, or at the end when none is selected, and its index
+// (the new selection) is returned.
+std::optional<std::size_t> AddArena(std::vector<std::string>& arenas, std::optional<std::size_t> selected,
+                                    std::string_view name);
 
 // Every line of the file, empty ones included; a missing file is an empty list.
 std::vector<std::string> LoadArenas(const std::filesystem::path& path);

@@ -55,6 +55,30 @@ TEST(ArenaFile, MissingFileLoadsEmptyAndSavingCreatesIt) {
     EXPECT_EQ(ws.read("Game-Paths/Quake2/q2dm3.ra2"), "Hall\r\n");
 }
 
+TEST(ArenaList, AddingWithNoSelectionAppends) {
+    Lines arenas{"a", "b"};
+    EXPECT_EQ(AddArena(arenas, std::nullopt, "c"), std::optional<std::size_t>(2));
+    EXPECT_EQ(arenas, (Lines{"a", "b", "c"}));
+}
+
+TEST(ArenaList, AddingWithTheFirstEntrySelectedInsertsAtPositionTwo) {
+    Lines arenas{"a", "b"};
+    EXPECT_EQ(AddArena(arenas, 0, "new"), std::optional<std::size_t>(1));
+    EXPECT_EQ(arenas, (Lines{"a", "new", "b"}));
+}
+
+TEST(ArenaList, AddingAnEmptyNameDoesNothing) {
+    Lines arenas{"a"};
+    EXPECT_EQ(AddArena(arenas, 0, ""), std::nullopt);
+    EXPECT_EQ(arenas, (Lines{"a"}));
+}
+
+TEST(ArenaList, DuplicateNamesAreAccepted) {
+    Lines arenas{"Pit"};
+    EXPECT_EQ(AddArena(arenas, 0, "Pit"), std::optional<std::size_t>(1));
+    EXPECT_EQ(arenas, (Lines{"Pit", "Pit"}));
+}
+
 TEST(ArenaMaps, ListedLessTheirExtensionWhateverItsCase) {
     TempWorkspace ws;
     ws.writeLines("Game-Paths/Quake2/q2dm1.ra2", {"a"});
