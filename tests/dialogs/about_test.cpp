@@ -76,6 +76,7 @@ TEST(AboutBox, ClickingInfoShowsTheInformationMessage) {
     ASSERT_EQ(prompts.calls().size(), 1u);
     EXPECT_EQ(prompts.last().text, "You may well be wondering what the HELL this is... well, then...");
     EXPECT_EQ(prompts.last().icon, PromptIcon::Information);
+    EXPECT_EQ(prompts.last().title, kProgramTitle);
     EXPECT_EQ(prompts.last().buttons, PromptButtons::Ok);
     about.hide();
 }

@@ -88,6 +88,7 @@ TEST_F(PickFromList, AKindNoEntryCarriesOpensEmptyAndOkAsksToSelectSomethingFirs
     ASSERT_EQ(prompts.calls().size(), 1u);
     EXPECT_EQ(prompts.last().text, "Select something first..!");
     EXPECT_EQ(prompts.last().icon, PromptIcon::Exclamation);
+    EXPECT_EQ(prompts.last().title, kProgramTitle);
     EXPECT_EQ(prompts.last().buttons, PromptButtons::Ok);
     EXPECT_TRUE(picker.isVisible());
     EXPECT_EQ(target.text(), "unchanged");
