@@ -157,7 +157,18 @@ std::string trim(std::string_view s) {
     return trimLeft(trimRight(s));
 }
 
+namespace {
+bool isAscii(std::string_view s) {
+    for (char c : s)
+        if (static_cast<unsigned char>(c) >= 0x80)
+            return false;
+    return true;
+}
+} // namespace
+
 std::string cp1252ToUtf8(std::string_view bytes) {
+    if (isAscii(bytes))
+        return std::string(bytes);
     std::string out;
     out.reserve(bytes.size());
     for (char c : bytes)
@@ -166,6 +177,8 @@ std::string cp1252ToUtf8(std::string_view bytes) {
 }
 
 std::string utf8ToCp1252(std::string_view utf8) {
+    if (isAscii(utf8))
+        return std::string(utf8);
     std::string out;
     out.reserve(utf8.size());
     std::size_t i = 0;

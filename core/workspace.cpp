@@ -6,6 +6,10 @@
 #include <cstdlib>
 #include <system_error>
 
+#ifndef _WIN32
+#include <dirent.h>
+#endif
+
 namespace rd {
 
 fs::path workspaceRoot(const fs::path& programFolder) {
@@ -72,6 +76,28 @@ fs::path resolvePath(const fs::path& base, std::string_view relative) {
 
 std::vector<DirEntry> listDirectory(const fs::path& folder) {
     std::vector<DirEntry> entries;
+#ifndef _WIN32
+    // readdir gives names and (on most file systems) their kind without building a path per
+    // entry; entries of unknown kind are looked up once.
+    DIR* dir = ::opendir(folder.c_str());
+    if (!dir)
+        return entries;
+    while (const dirent* d = ::readdir(dir)) {
+        const std::string_view raw(d->d_name);
+        if (raw == "." || raw == "..")
+            continue;
+        DirEntry entry;
+        entry.name = utf8ToCp1252(raw);
+        if (d->d_type == DT_DIR) {
+            entry.isFolder = true;
+        } else if (d->d_type == DT_UNKNOWN || d->d_type == DT_LNK) {
+            std::error_code typeEc;
+            entry.isFolder = fs::is_directory(folder / fs::path(std::string(raw)), typeEc);
+        }
+        entries.push_back(std::move(entry));
+    }
+    ::closedir(dir);
+#else
     std::error_code ec;
     fs::directory_iterator it(folder, ec);
     if (ec)
@@ -81,15 +107,27 @@ std::vector<DirEntry> listDirectory(const fs::path& folder) {
             break;
         DirEntry entry;
         entry.name = nameOf(it->path());
-        if (entry.name == "." || entry.name == "..")
-            continue;
         std::error_code typeEc;
         entry.isFolder = it->is_directory(typeEc);
         entries.push_back(std::move(entry));
     }
-    std::sort(entries.begin(), entries.end(),
-              [](const DirEntry& a, const DirEntry& b) { return lessNoCase(a.name, b.name); });
-    return entries;
+#endif
+    // Sorted on upper-case keys made once per entry; ties by the names' bytes.
+    std::vector<std::pair<std::string, std::size_t>> keys;
+    keys.reserve(entries.size());
+    for (std::size_t i = 0; i < entries.size(); ++i)
+        keys.emplace_back(upperCase(entries[i].name), i);
+    std::sort(keys.begin(), keys.end(), [&entries](const auto& a, const auto& b) {
+        const int c = std::string_view(a.first).compare(b.first);
+        if (c != 0)
+            return c < 0;
+        return entries[a.second].name < entries[b.second].name;
+    });
+    std::vector<DirEntry> sorted;
+    sorted.reserve(entries.size());
+    for (const auto& key : keys)
+        sorted.push_back(std::move(entries[key.second]));
+    return sorted;
 }
 
 std::vector<std::string> listFolders(const fs::path& folder) {
