@@ -1,49 +1,23 @@
+#include "tests/support/process_data.h"
 #include "tests/support/workspace_data.h"
 
-#include <array>
-#include <cstdio>
 #include <gtest/gtest.h>
 #include <map>
 #include <nlohmann/json.hpp>
 #include <string>
-#include <sys/wait.h>
 
+using rd::test::ProgramRun;
+using rd::test::runProgram;
 using rd::test::TempWorkspace;
 
 namespace {
 
-struct Outcome {
-    int status = -1;
-    std::string out;
-};
-
-// Runs a shell command line, capturing standard output.
-Outcome run(const std::string& command) {
-    Outcome r;
-    FILE* pipe = ::popen(command.c_str(), "r");
-    if (!pipe)
-        return r;
-    std::array<char, 4096> buffer{};
-    std::size_t got = 0;
-    while ((got = std::fread(buffer.data(), 1, buffer.size(), pipe)) > 0)
-        r.out.append(buffer.data(), got);
-    const int raw = ::pclose(pipe);
-    r.status = WIFEXITED(raw) ? WEXITSTATUS(raw) : -1;
-    return r;
-}
-
-std::string quote(const std::string& s) {
-    std::string out = "'";
-    for (char c : s)
-        out += (c == '\'') ? std::string("'\\''") : std::string(1, c);
-    return out + "'";
-}
-
 // Starts rosterdesk offscreen on a workspace with the given arguments; returns its report.
-std::map<std::string, std::string> start(const TempWorkspace& ws, const std::string& args) {
-    const Outcome r = run("ROSTERDESK_ROOT=" + quote(ws.root().string()) +
-                          " QT_QPA_PLATFORM=offscreen ROSTERDESK_REPORT_START=1 " + quote(ROSTERDESK_EXE) +
-                          " " + args + " 2>/dev/null");
+std::map<std::string, std::string> start(const TempWorkspace& ws, const std::vector<std::string>& args) {
+    const ProgramRun r = runProgram(ROSTERDESK_EXE, args,
+                                    {{"ROSTERDESK_ROOT", ws.root().string()},
+                                     {"QT_QPA_PLATFORM", "offscreen"},
+                                     {"ROSTERDESK_REPORT_START", "1"}});
     EXPECT_EQ(r.status, 0);
     std::map<std::string, std::string> report;
     std::size_t pos = 0;
@@ -58,15 +32,16 @@ std::map<std::string, std::string> start(const TempWorkspace& ws, const std::str
     return report;
 }
 
-Outcome cli(const TempWorkspace& ws, const std::string& args) {
-    return run(quote(ROSTERDESK_CLI) + " --root " + quote(ws.root().string()) + " " + args + " 2>/dev/null");
+ProgramRun cli(const TempWorkspace& ws, std::vector<std::string> args) {
+    args.insert(args.begin(), {"--root", ws.root().string()});
+    return runProgram(ROSTERDESK_CLI, args);
 }
 
 } // namespace
 
 TEST(Program, EmptyCommandLineShowsTheMainWindow) {
     TempWorkspace ws;
-    auto report = start(ws, "");
+    auto report = start(ws, {});
     EXPECT_EQ(report["route"], "MainWindow");
     EXPECT_EQ(report["screen"], "frmMain");
     EXPECT_EQ(report["fontSize"], "0");
@@ -74,7 +49,7 @@ TEST(Program, EmptyCommandLineShowsTheMainWindow) {
 
 TEST(Program, GameOnTheCommandLineRoutesToTheGameEditor) {
     TempWorkspace ws;
-    auto report = start(ws, "game=Quake2 FONTSIZE=10.5");
+    auto report = start(ws, {"game=Quake2", "FONTSIZE=10.5"});
     EXPECT_EQ(report["route"], "GameEditor");
     EXPECT_EQ(report["argument"], "Quake2");
     EXPECT_EQ(report["fontSize"], "10");
@@ -84,7 +59,7 @@ TEST(Program, GameOnTheCommandLineRoutesToTheGameEditor) {
 
 TEST(Program, QuotedFontNameAcrossArgumentsIsJoinedBackTogether) {
     TempWorkspace ws;
-    auto report = start(ws, "\"FONTNAME='MS Sans Serif'\" BOT=Eraser");
+    auto report = start(ws, {"FONTNAME='MS", "Sans", "Serif'", "BOT=Eraser"});
     EXPECT_EQ(report["fontName"], "MS Sans Serif");
     EXPECT_EQ(report["route"], "PluginEditor");
     EXPECT_EQ(report["argument"], "Eraser");
@@ -92,8 +67,8 @@ TEST(Program, QuotedFontNameAcrossArgumentsIsJoinedBackTogether) {
 
 TEST(Program, CustomMapsWordRoutesToTheCustomMapsEditor) {
     TempWorkspace ws;
-    EXPECT_EQ(start(ws, "/CustomMaps")["route"], "CustomMaps");
-    EXPECT_EQ(start(ws, "Custom Maps")["route"], "MainWindow");
+    EXPECT_EQ(start(ws, {"/CustomMaps"})["route"], "CustomMaps");
+    EXPECT_EQ(start(ws, {"Custom", "Maps"})["route"], "MainWindow");
 }
 
 TEST(Cli, BotsAreListedInListingOrder) {
@@ -101,7 +76,7 @@ TEST(Cli, BotsAreListedInListingOrder) {
     ws.folder("Plug-Ins/eraser");
     ws.folder("Plug-Ins/ACE");
     ws.write("Plug-Ins/file.txt", "x");
-    const Outcome r = cli(ws, "bots");
+    const ProgramRun r = cli(ws, {"bots"});
     EXPECT_EQ(r.status, 0);
     EXPECT_EQ(nlohmann::json::parse(r.out), nlohmann::json({"ACE", "eraser"}));
 }
@@ -112,11 +87,11 @@ TEST(Cli, ProfilesCarryTheirBotAndFilterByBotWithoutRegardToCase) {
     ws.writeLines("Team B/profile.cfg", {"Eraser2"});
     ws.folder("Team C");
     ws.folder("GAME-PATHS");
-    Outcome r = cli(ws, "profiles");
+    ProgramRun r = cli(ws, {"profiles"});
     EXPECT_EQ(r.status, 0);
     EXPECT_EQ(nlohmann::json::parse(r.out), nlohmann::json::parse(R"([{"name":"Team A","bot":"eraser"},
         {"name":"Team B","bot":"Eraser2"},{"name":"Team C","bot":""}])"));
-    r = cli(ws, "profiles --bot ERASER");
+    r = cli(ws, {"profiles", "--bot", "ERASER"});
     EXPECT_EQ(r.status, 0);
     EXPECT_EQ(nlohmann::json::parse(r.out), nlohmann::json::parse(R"([{"name":"Team A","bot":"eraser"}])"));
 }
@@ -124,7 +99,7 @@ TEST(Cli, ProfilesCarryTheirBotAndFilterByBotWithoutRegardToCase) {
 TEST(Cli, NamesInTheCodePageComeOutAsUtf8) {
     TempWorkspace ws;
     ws.write("\xC3\x89quipe/profile.cfg", "Caf\xE9\r\n"); // folder name in UTF-8, file text in the code page
-    const Outcome r = cli(ws, "profiles");
+    const ProgramRun r = cli(ws, {"profiles"});
     EXPECT_EQ(nlohmann::json::parse(r.out),
               nlohmann::json::parse("[{\"name\":\"\xC3\x89quipe\",\"bot\":\"Caf\xC3\xA9\"}]"));
 }
@@ -134,26 +109,26 @@ TEST(Cli, GamesAreTheFoldersOfGamePaths) {
     ws.folder("game-paths/Quake2");
     ws.folder("game-paths/LanParty");
     ws.write("game-paths/Stray.Gme", "x");
-    const Outcome r = cli(ws, "games");
+    const ProgramRun r = cli(ws, {"games"});
     EXPECT_EQ(r.status, 0);
     EXPECT_EQ(nlohmann::json::parse(r.out), nlohmann::json({"LanParty", "Quake2"}));
 }
 
 TEST(Cli, KeyLookupFromTheShell) {
     TempWorkspace ws;
-    Outcome r = cli(ws, "key \"-x BOT='Eraser two' GAME=Quake2\" BOT");
+    ProgramRun r = cli(ws, {"key", "-x BOT='Eraser two' GAME=Quake2", "BOT"});
     EXPECT_EQ(r.status, 0);
     EXPECT_EQ(nlohmann::json::parse(r.out), "Eraser two");
-    r = cli(ws, "key \"NAME='it's'\" NAME");
+    r = cli(ws, {"key", "NAME='it's'", "NAME"});
     EXPECT_EQ(nlohmann::json::parse(r.out), "it");
 }
 
 TEST(Cli, UsageErrorsExitWithTwoAndPrintNothing) {
     TempWorkspace ws;
-    Outcome r = cli(ws, "key onlyone");
+    ProgramRun r = cli(ws, {"key", "onlyone"});
     EXPECT_EQ(r.status, 2);
     EXPECT_EQ(r.out, "");
-    r = cli(ws, "no-such-command");
+    r = cli(ws, {"no-such-command"});
     EXPECT_EQ(r.status, 2);
     EXPECT_EQ(r.out, "");
 }

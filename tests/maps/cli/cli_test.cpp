@@ -2,12 +2,11 @@
 // the built rosterdesk-cli on a temporary workspace.
 
 #include "tests/support/pak_writer_data.h"
+#include "tests/support/process_data.h"
 #include "tests/support/workspace_data.h"
 
-#include <cstdio>
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
-#include <sys/wait.h>
 
 namespace rd {
 namespace {
@@ -18,43 +17,12 @@ using test::buildRawPak;
 using test::crlf;
 using test::TempWorkspace;
 
-struct CliRun {
-    int status = -1;
-    std::string out;
-    std::string err;
-    json document() const { return json::parse(out); }
-};
-
-std::string quoted(const std::string& arg) {
-    std::string q = "'";
-    for (char c : arg) {
-        if (c == '\'')
-            q += "'\\''";
-        else
-            q += c;
-    }
-    return q + "'";
-}
+using CliRun = test::ProgramRun;
 
 CliRun cli(const TempWorkspace& ws, const std::vector<std::string>& args) {
-    const auto errFile = ws.root() / ".stderr";
-    std::string command = quoted(ROSTERDESK_CLI) + " --root " + quoted(ws.root().string());
-    for (const auto& a : args)
-        command += " " + quoted(a);
-    command += " 2>" + quoted(errFile.string());
-    CliRun run;
-    FILE* pipe = popen(command.c_str(), "r");
-    if (!pipe)
-        return run;
-    char buffer[4096];
-    std::size_t n;
-    while ((n = fread(buffer, 1, sizeof buffer, pipe)) > 0)
-        run.out.append(buffer, n);
-    const int raw = pclose(pipe);
-    run.status = WIFEXITED(raw) ? WEXITSTATUS(raw) : -1;
-    run.err = test::readBytes(errFile);
-    std::filesystem::remove(errFile);
-    return run;
+    std::vector<std::string> all = {"--root", ws.root().string()};
+    all.insert(all.end(), args.begin(), args.end());
+    return test::runProgram(ROSTERDESK_CLI, all);
 }
 
 TEST(CliOptions, ShowPrintsCategoryAndOptionRowsAsStored) {
@@ -64,7 +32,7 @@ TEST(CliOptions, ShowPrintsCategoryAndOptionRowsAsStored) {
         {"[Game Play]", "Deathmatch", "0", "Deathm\t\t+set deathmatch 1\t+set deathmatch 0\t0\tTurn it on"});
     const CliRun run = cli(ws, {"show", "options", ws.path("Game-Paths/Quake2/Options.cfg").string()});
     ASSERT_EQ(run.status, 0) << run.err;
-    EXPECT_EQ(run.document(), json::parse(R"([{"category":"Game Play"},
+    EXPECT_EQ(run.json(), json::parse(R"([{"category":"Game Play"},
         {"name":"Deathmatch","checked":"+set deathmatch 1","unchecked":"+set deathmatch 0","help":"Turn it on",
          "type":"0","parameter":"","where":"0","key":"Deathm"}])"));
     EXPECT_EQ(run.out.back(), '\n');
@@ -75,7 +43,7 @@ TEST(CliOptions, ResaveNormalisesCategoryBracketsAndPrintsNull) {
     ws.writeLines("Opt-User.cfg", {"[[Bots]]", "Skill", "3", "Skill\t1:10"});
     const CliRun run = cli(ws, {"resave", "options", ws.path("Opt-User.cfg").string()});
     ASSERT_EQ(run.status, 0) << run.err;
-    EXPECT_EQ(run.document(), json(nullptr));
+    EXPECT_EQ(run.json(), json(nullptr));
     EXPECT_EQ(ws.read("Opt-User.cfg"), crlf({"[Bots]", "Skill", "3", "Skill\t1:10\t\t\t\t"}));
 }
 
@@ -92,7 +60,7 @@ TEST(CliFlags, ShowPrintsFlagRows) {
     ws.writeLines("DMflags.cfg", {"[Items]", "Weapons Stay", "", "<DMFlags>\t4\t0\tWeapons stay"});
     const CliRun run = cli(ws, {"show", "dmflags", ws.path("DMflags.cfg").string()});
     ASSERT_EQ(run.status, 0) << run.err;
-    EXPECT_EQ(run.document(), json::parse(R"([{"category":"Items"},
+    EXPECT_EQ(run.json(), json::parse(R"([{"category":"Items"},
         {"name":"Weapons Stay","checked":"4","unchecked":"0","bitmap":"<DMFlags>","help":"Weapons stay"}])"));
 }
 
@@ -108,7 +76,7 @@ TEST(CliLists, ValueListShowsItemsAndKind) {
     ws.writeLines("weapons.VAL", {"Railgun", "17", "BFG"});
     const CliRun run = cli(ws, {"show", "list", ws.path("weapons.VAL").string()});
     ASSERT_EQ(run.status, 0) << run.err;
-    EXPECT_EQ(run.document(), json::parse(R"({"valueList":true,"items":[{"text":"Railgun","value":"17"},
+    EXPECT_EQ(run.json(), json::parse(R"({"valueList":true,"items":[{"text":"Railgun","value":"17"},
         {"text":"BFG","value":"BFG"}]})"));
 }
 
@@ -116,8 +84,7 @@ TEST(CliLists, TextListValueIsItsText) {
     TempWorkspace ws;
     ws.writeLines("maps.lst", {"q2dm1"});
     const CliRun run = cli(ws, {"show", "list", ws.path("maps.lst").string()});
-    EXPECT_EQ(run.document(),
-              json::parse(R"({"valueList":false,"items":[{"text":"q2dm1","value":"q2dm1"}]})"));
+    EXPECT_EQ(run.json(), json::parse(R"({"valueList":false,"items":[{"text":"q2dm1","value":"q2dm1"}]})"));
 }
 
 TEST(CliLists, ResaveOfAnEmptyListLeavesTheFileAlone) {
@@ -136,7 +103,7 @@ TEST(CliCategories, ShowAndResaveConvertTheOldLayout) {
     const std::string path = ws.path("Game-Paths/Quake2/old.map").string();
     const CliRun run = cli(ws, {"show", "category", path});
     ASSERT_EQ(run.status, 0) << run.err;
-    EXPECT_EQ(run.document(), json::parse(R"({"arena":false,"maps":[{"name":"q2dm1","title":"q2dm1"},
+    EXPECT_EQ(run.json(), json::parse(R"({"arena":false,"maps":[{"name":"q2dm1","title":"q2dm1"},
         {"name":"q2dm2","title":"q2dm2"}]})"));
     ASSERT_EQ(cli(ws, {"resave", "category", path}).status, 0);
     EXPECT_EQ(ws.read("Game-Paths/Quake2/old.map"), crlf({"[V2]", "q2dm1", "q2dm1", "q2dm2", "q2dm2"}));
@@ -148,7 +115,7 @@ TEST(CliCategories, CategoriesOfAGameAndOfAMissingGame) {
     ws.writeLines("Game-Paths/Quake2/ctf.map", {"[ARENA]"});
     const CliRun run = cli(ws, {"categories", "Quake2"});
     ASSERT_EQ(run.status, 0) << run.err;
-    EXPECT_EQ(run.document(), json::parse(R"(["ctf","DM"])"));
+    EXPECT_EQ(run.json(), json::parse(R"(["ctf","DM"])"));
     const CliRun missing = cli(ws, {"categories", "Nope"});
     EXPECT_EQ(missing.status, 2);
     EXPECT_EQ(missing.out, "");
@@ -160,10 +127,10 @@ TEST(CliArenas, ShowResaveAndArenaMaps) {
     const std::string path = ws.path("Game-Paths/Quake2/q2dm1.ra2").string();
     const CliRun run = cli(ws, {"show", "arenas", path});
     ASSERT_EQ(run.status, 0) << run.err;
-    EXPECT_EQ(run.document(), json::parse(R"(["a","","b"])"));
+    EXPECT_EQ(run.json(), json::parse(R"(["a","","b"])"));
     ASSERT_EQ(cli(ws, {"resave", "arenas", path}).status, 0);
     EXPECT_EQ(ws.read("Game-Paths/Quake2/q2dm1.ra2"), "a\r\n\r\nb\r\n");
-    EXPECT_EQ(cli(ws, {"arena-maps", "quake2"}).document(), json::parse(R"(["q2dm1"])"));
+    EXPECT_EQ(cli(ws, {"arena-maps", "quake2"}).json(), json::parse(R"(["q2dm1"])"));
 }
 
 TEST(CliPak, MapsOnlyByDefaultEveryEntryWholeWithAll) {
@@ -172,10 +139,10 @@ TEST(CliPak, MapsOnlyByDefaultEveryEntryWholeWithAll) {
     const std::string path = ws.path("pak0.pak").string();
     const CliRun maps = cli(ws, {"show", "pak", path});
     ASSERT_EQ(maps.status, 0) << maps.err;
-    EXPECT_EQ(maps.document(), json::parse(R"({"complete":true,"names":["q2dm1"]})"));
+    EXPECT_EQ(maps.json(), json::parse(R"({"complete":true,"names":["q2dm1"]})"));
     const CliRun all = cli(ws, {"show", "pak", path, "--all"});
     ASSERT_EQ(all.status, 0) << all.err;
-    const json doc = all.document();
+    const json doc = all.json();
     ASSERT_EQ(doc["names"].size(), 2u);
     std::string padded = "readme.txt";
     padded.resize(56, '\0');
@@ -187,7 +154,7 @@ TEST(CliPak, UnreachableDirectoryIsIncomplete) {
     TempWorkspace ws;
     ws.write("bad.pak", buildRawPak("PACK", -12, 64, "", 12));
     const CliRun run = cli(ws, {"show", "pak", ws.path("bad.pak").string()});
-    EXPECT_EQ(run.document(), json::parse(R"({"complete":false,"names":[]})"));
+    EXPECT_EQ(run.json(), json::parse(R"({"complete":false,"names":[]})"));
 }
 
 TEST(CliPak, PakCannotBeResaved) {
@@ -205,7 +172,7 @@ TEST(CliCatalogue, RowsInTheAddMapOrder) {
     ws.write("q2/baseq2/maps/Mine.BSP", "");
     const CliRun run = cli(ws, {"catalogue", "Quake2"});
     ASSERT_EQ(run.status, 0) << run.err;
-    EXPECT_EQ(run.document(), json::parse(R"([{"name":"q2ctf1","source":"Quake2 pak0.pak"},
+    EXPECT_EQ(run.json(), json::parse(R"([{"name":"q2ctf1","source":"Quake2 pak0.pak"},
         {"name":"q2ctf1","source":"CTF pak0.pak"},{"name":"base1","source":"BaseQ2 pak0.pak"},
         {"name":"Mine","source":"Custom Maps"}])"));
 }
@@ -222,33 +189,32 @@ TEST(CliCatalogue, MissingRecordIsStatusTwoWithCouldNotFind) {
 TEST(CliRules, MakeKeyReadsTheDefinitionFile) {
     TempWorkspace ws;
     ws.writeLines("Options.cfg", {"Skill Level", "3", "Skill\t1:10\t\t\t0\t"});
-    EXPECT_EQ(cli(ws, {"make-key", "Skill Level", ws.path("Options.cfg").string()}).document(),
-              json("SkillL"));
+    EXPECT_EQ(cli(ws, {"make-key", "Skill Level", ws.path("Options.cfg").string()}).json(), json("SkillL"));
     const CliRun missing = cli(ws, {"make-key", "Skill Level", ws.path("none.cfg").string()});
     EXPECT_EQ(missing.status, 0);
-    EXPECT_EQ(missing.document(), json("Skill"));
+    EXPECT_EQ(missing.json(), json("Skill"));
 }
 
 TEST(CliRules, NumberRangeSwapsAndRefuses) {
     TempWorkspace ws;
     const CliRun swapped = cli(ws, {"number-range", "10:1"});
     EXPECT_EQ(swapped.status, 0);
-    EXPECT_EQ(swapped.document(), json("1:10"));
+    EXPECT_EQ(swapped.json(), json("1:10"));
     const CliRun refused = cli(ws, {"number-range", "5:-"});
     EXPECT_EQ(refused.status, 1);
-    EXPECT_EQ(refused.document(), json("5:-"));
+    EXPECT_EQ(refused.json(), json("5:-"));
     EXPECT_NE(refused.err.find("Incorrect format - this needs to be : "), std::string::npos);
     const CliRun negative = cli(ws, {"number-range", "-1:-9"});
-    EXPECT_EQ(negative.document(), json("-9:-1"));
+    EXPECT_EQ(negative.json(), json("-9:-1"));
 }
 
 TEST(CliRules, FormatRangeWritesOrLeavesUnchanged) {
     TempWorkspace ws;
-    EXPECT_EQ(cli(ws, {"format-range", "1.5", "10", "2"}).document(), json("1.50:10.00"));
-    EXPECT_EQ(cli(ws, {"format-range", "10", "1", "0"}).document(), json("1:10"));
+    EXPECT_EQ(cli(ws, {"format-range", "1.5", "10", "2"}).json(), json("1.50:10.00"));
+    EXPECT_EQ(cli(ws, {"format-range", "10", "1", "0"}).json(), json("1:10"));
     const CliRun unchanged = cli(ws, {"format-range", "abc", "1", "0"});
     EXPECT_EQ(unchanged.status, 0);
-    EXPECT_EQ(unchanged.document(), json(nullptr));
+    EXPECT_EQ(unchanged.json(), json(nullptr));
 }
 
 TEST(CliRules, WrongArgumentCountIsAUsageError) {
@@ -262,7 +228,7 @@ TEST(CliText, CodePageBytesComeOutAsUtf8) {
     TempWorkspace ws;
     ws.writeLines("a.lst", {std::string("Caf\xE9 \x80")});
     const CliRun run = cli(ws, {"show", "list", ws.path("a.lst").string()});
-    EXPECT_EQ(run.document()["items"][0]["text"].get<std::string>(), "Caf\xC3\xA9 \xE2\x82\xAC");
+    EXPECT_EQ(run.json()["items"][0]["text"].get<std::string>(), "Caf\xC3\xA9 \xE2\x82\xAC");
 }
 
 } // namespace
