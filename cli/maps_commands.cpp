@@ -22,7 +22,7 @@ void requireFile(const fs::path& path) {
 }
 
 void requireGame(const fs::path& root, const std::string& game) {
-    const fs::path folder = mapsFolder(root, game);
+    const fs::path folder = gameFolder(root, game);
     if (game.empty() || !folderExists(folder))
         throw UsageError("Could not find " + utf8ToCp1252(folder.string()));
 }

@@ -9,24 +9,24 @@ namespace rd {
 namespace fs = std::filesystem;
 
 std::vector<std::string> ListArenaMaps(const fs::path& root, std::string_view game) {
-    return detail::listStems(mapsFolder(root, game), "*.Ra2");
+    return detail::listStems(gameFolder(root, game), "*.Ra2");
 }
 
 fs::path arenaPath(const fs::path& root, std::string_view game, std::string_view map) {
-    return detail::filePath(mapsFolder(root, game), map, ".ra2");
+    return detail::filePath(gameFolder(root, game), map, ".ra2");
 }
 
 NewFileOutcome CreateArenaMap(const fs::path& root, std::string_view game, std::string_view map) {
-    return detail::createFile(mapsFolder(root, game), map, ".ra2", kArenaFileExists);
+    return detail::createFile(gameFolder(root, game), map, ".ra2", kArenaFileExists);
 }
 
 RenameOutcome RenameArenaMap(const fs::path& root, std::string_view game, std::string_view oldName,
                              std::string_view newName) {
-    return detail::renameFile(mapsFolder(root, game), oldName, newName, ".ra2", kArenaFileExists);
+    return detail::renameFile(gameFolder(root, game), oldName, newName, ".ra2", kArenaFileExists);
 }
 
 void DeleteArenaMap(const fs::path& root, std::string_view game, std::string_view map) {
-    detail::deleteFile(mapsFolder(root, game), map, ".ra2");
+    detail::deleteFile(gameFolder(root, game), map, ".ra2");
 }
 
 std::optional<std::size_t> AddArena(std::vector<std::string>& arenas, std::optional<std::size_t> selected,

@@ -11,29 +11,25 @@ namespace rd {
 
 namespace fs = std::filesystem;
 
-fs::path mapsFolder(const fs::path& root, std::string_view game) {
-    return resolvePath(gamePathsFolder(root), game);
-}
-
 std::vector<std::string> ListCategories(const fs::path& root, std::string_view game) {
-    return detail::listStems(mapsFolder(root, game), "*.Map");
+    return detail::listStems(gameFolder(root, game), "*.Map");
 }
 
 fs::path categoryPath(const fs::path& root, std::string_view game, std::string_view name) {
-    return detail::filePath(mapsFolder(root, game), name, ".map");
+    return detail::filePath(gameFolder(root, game), name, ".map");
 }
 
 NewFileOutcome CreateCategory(const fs::path& root, std::string_view game, std::string_view name) {
-    return detail::createFile(mapsFolder(root, game), name, ".map", kCategoryExists);
+    return detail::createFile(gameFolder(root, game), name, ".map", kCategoryExists);
 }
 
 RenameOutcome RenameCategory(const fs::path& root, std::string_view game, std::string_view oldName,
                              std::string_view newName) {
-    return detail::renameFile(mapsFolder(root, game), oldName, newName, ".map", kCategoryExists);
+    return detail::renameFile(gameFolder(root, game), oldName, newName, ".map", kCategoryExists);
 }
 
 void DeleteCategory(const fs::path& root, std::string_view game, std::string_view name) {
-    detail::deleteFile(mapsFolder(root, game), name, ".map");
+    detail::deleteFile(gameFolder(root, game), name, ".map");
 }
 
 MapCategory LoadCategory(const fs::path& path) {

@@ -3,6 +3,8 @@
 // "[ARENA]", then a map name and a display title per map. The older layout without a header,
 // one map name per line, is still read; saving always writes the current layout.
 
+#include "games/gamerecord.h"
+
 #include <filesystem>
 #include <optional>
 #include <string>
@@ -26,9 +28,6 @@ struct MapCategory {
 inline constexpr const char* kCategoryExists = "A map category already exists with that name";
 inline constexpr const char* kCategoryLoadingTitle = "Custom Map Editor - loading";
 inline constexpr const char* kCategorySavingTitle = "Custom Map Editor - saving";
-
-// The folder that holds a game's category and arena files: Game-Paths\<game>\.
-std::filesystem::path mapsFolder(const std::filesystem::path& root, std::string_view game);
 
 // Names of the game's categories: every "*.Map" file, in listing order, less its last four
 // characters.

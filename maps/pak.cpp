@@ -144,11 +144,6 @@ void AddPak(std::string_view folder, std::string_view title, std::vector<Catalog
     }
 }
 
-fs::path catalogueRecordPath(const fs::path& root, std::string_view game) {
-    const std::string name(game);
-    return resolvePath(gamePathsFolder(root), name + "\\" + name + ".Gme");
-}
-
 std::string looseMapName(std::string_view fileName) {
     std::string name(fileName);
     for (std::size_t at = findNoCase(name, ".bsp"); at != std::string::npos; at = name.find(".bsp"))
@@ -158,7 +153,7 @@ std::string looseMapName(std::string_view fileName) {
 
 Catalogue BuildCatalogue(const fs::path& root, std::string_view game, TrapHandler handler) {
     Catalogue catalogue;
-    const fs::path record = catalogueRecordPath(root, game);
+    const fs::path record = gameRecordPath(root, game);
     if (!fileExists(record)) {
         catalogue.message = "Could not find " + pathText(record);
         return catalogue;

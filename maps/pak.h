@@ -4,6 +4,8 @@
 
 #include "core/steprunner.h"
 
+#include "games/gamerecord.h"
+
 #include <filesystem>
 #include <string>
 #include <string_view>
@@ -42,9 +44,6 @@ struct Catalogue {
     std::vector<CatalogueRow> rows;
 };
 Catalogue BuildCatalogue(const std::filesystem::path& root, std::string_view game, TrapHandler trap);
-
-// The game record the catalogue reads: Game-Paths\<game>\<game>.Gme.
-std::filesystem::path catalogueRecordPath(const std::filesystem::path& root, std::string_view game);
 
 // A loose map file's name with ".bsp" cut off: first found without regard to case, then with it.
 std::string looseMapName(std::string_view fileName);
