@@ -4,7 +4,7 @@
 #include "dialogs/frmPickFromLV.h"
 #include "dialogs/frmRDabout.h"
 #include "dialogs/version.h"
-#include "tests/core/screens/modal_driver.h"
+#include "tests/support/modal_driver_screens.h"
 #include "tests/support/prompts_screens.h"
 
 #include <QComboBox>

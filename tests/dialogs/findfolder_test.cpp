@@ -1,5 +1,5 @@
 #include "dialogs/frmFindFolder.h"
-#include "tests/core/screens/modal_driver.h"
+#include "tests/support/modal_driver_screens.h"
 #include "tests/support/prompts_screens.h"
 
 #include <QComboBox>

@@ -1,6 +1,6 @@
 #include "core/screens/listhelpers.h"
 #include "dialogs/frmPickFromLV.h"
-#include "tests/core/screens/modal_driver.h"
+#include "tests/support/modal_driver_screens.h"
 #include "tests/support/prompts_screens.h"
 
 #include <QLineEdit>

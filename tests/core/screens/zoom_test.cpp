@@ -1,7 +1,7 @@
 #include "core/screens/frmZoom.h"
 #include "core/screens/userfont.h"
 #include "core/screens/zoomtextbox.h"
-#include "tests/core/screens/modal_driver.h"
+#include "tests/support/modal_driver_screens.h"
 
 #include <QFont>
 #include <QLabel>

@@ -1,5 +1,6 @@
 #include "core/screens/userfont.h"
 #include "profiles/screens/frmMain.h"
+#include "tests/support/modal_driver_screens.h"
 #include "tests/support/prompts_screens.h"
 #include "tests/support/workspace_data.h"
 
@@ -268,4 +269,23 @@ TEST(MainWindow, EmptyCommandLineKeepsTheDesignedFonts) {
     frmMain form(ws.root());
     for (QWidget* w : form.findChildren<QWidget*>())
         EXPECT_FALSE(w->testAttribute(Qt::WA_SetFont)) << w->objectName().toStdString();
+}
+
+TEST(MainWindow, AboutOpensTheAboutBox) {
+    TempWorkspace ws;
+    frmMain form(ws.root());
+    form.show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&form));
+    ASSERT_TRUE(form.cmdAbout->isEnabled());
+    QString opened;
+    QString caption;
+    rd::test::ModalDriver driver([&](QDialog* dialog) {
+        opened = dialog->objectName();
+        caption = dialog->windowTitle();
+        dialog->done(QDialog::Accepted);
+    });
+    QTest::mouseClick(form.cmdAbout, Qt::LeftButton);
+    EXPECT_TRUE(driver.acted());
+    EXPECT_EQ(opened, QString("frmRDabout"));
+    EXPECT_EQ(caption, QString("About..."));
 }
