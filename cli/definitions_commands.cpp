@@ -17,12 +17,6 @@ namespace {
 
 namespace fs = std::filesystem;
 
-// A file named on the command line must exist.
-void requireFile(const fs::path& path) {
-    if (!fileExists(path))
-        throw UsageError("File not found: " + utf8ToCp1252(path.string()));
-}
-
 Json optionRows(const std::vector<OptionRow>& rows) {
     Json out = Json::array();
     for (const auto& row : rows) {
@@ -58,55 +52,28 @@ Json flagRows(const std::vector<FlagRow>& rows) {
     return out;
 }
 
-const bool optionsRegistered =
-    addFileKind("options", FileKind{[](Context& ctx, const fs::path& path, const std::vector<std::string>&) {
-                                        requireFile(path);
-                                        std::vector<OptionRow> rows;
-                                        StepRunner(ctx.trap()).step([&] { rows = LoadDefinitions(path); });
-                                        return optionRows(rows);
-                                    },
-                                    [](Context& ctx, const fs::path& path) {
-                                        requireFile(path);
-                                        std::vector<OptionRow> rows;
-                                        StepRunner trap(ctx.trap());
-                                        if (trap.step([&] { rows = LoadDefinitions(path); }))
-                                            trap.step([&] { SaveDefinitions(path, rows); });
-                                    }});
+const bool optionsRegistered = addFileKind(
+    "options", loadSaveKind<std::vector<OptionRow>>(LoadDefinitions, SaveDefinitions, optionRows));
 
 const bool flagsRegistered =
-    addFileKind("dmflags", FileKind{[](Context& ctx, const fs::path& path, const std::vector<std::string>&) {
-                                        requireFile(path);
-                                        std::vector<FlagRow> rows;
-                                        StepRunner(ctx.trap()).step([&] { rows = LoadDMflags(path); });
-                                        return flagRows(rows);
-                                    },
-                                    [](Context& ctx, const fs::path& path) {
-                                        requireFile(path);
-                                        std::vector<FlagRow> rows;
-                                        StepRunner trap(ctx.trap());
-                                        if (trap.step([&] { rows = LoadDMflags(path); }))
-                                            trap.step([&] { SaveDMflags(path, rows); });
-                                    }});
+    addFileKind("dmflags", loadSaveKind<std::vector<FlagRow>>(LoadDMflags, SaveDMflags, flagRows));
 
+// A list's kind is decided by its file name.
 const bool listRegistered = addFileKind(
-    "list", FileKind{[](Context& ctx, const fs::path& path, const std::vector<std::string>&) {
-                         requireFile(path);
-                         const bool valueList = isValueListName(nameOf(path));
-                         std::vector<ListItem> items;
-                         StepRunner(ctx.trap()).step([&] { items = LoadList(path, valueList); });
-                         Json list = Json::array();
-                         for (const auto& item : items)
-                             list.push_back(Json{{"text", str(item.text)}, {"value", str(item.value)}});
-                         return Json{{"valueList", valueList}, {"items", list}};
-                     },
-                     [](Context& ctx, const fs::path& path) {
-                         requireFile(path);
-                         const bool valueList = isValueListName(nameOf(path));
-                         std::vector<ListItem> items;
-                         StepRunner trap(ctx.trap());
-                         if (trap.step([&] { items = LoadList(path, valueList); }))
-                             trap.step([&] { SaveList(path, items, valueList); });
-                     }});
+    "list", loadSaveKind<std::pair<bool, std::vector<ListItem>>>(
+                [](const fs::path& path) {
+                    const bool valueList = isValueListName(nameOf(path));
+                    return std::pair{valueList, LoadList(path, valueList)};
+                },
+                [](const fs::path& path, const std::pair<bool, std::vector<ListItem>>& list) {
+                    SaveList(path, list.second, list.first);
+                },
+                [](const std::pair<bool, std::vector<ListItem>>& list) {
+                    Json items = Json::array();
+                    for (const auto& item : list.second)
+                        items.push_back(Json{{"text", str(item.text)}, {"value", str(item.value)}});
+                    return Json{{"valueList", list.first}, {"items", items}};
+                }));
 
 // Commands whose arguments are free text that may begin with '-' take them unparsed.
 Configure rawArguments(std::size_t count, std::string usage,

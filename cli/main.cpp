@@ -47,6 +47,11 @@ std::map<std::string, FileKind>& fileKinds() {
     return registry;
 }
 
+void requireFile(const std::filesystem::path& path) {
+    if (!fileExists(path))
+        throw UsageError("File not found: " + utf8ToCp1252(path.string()));
+}
+
 bool addCommand(const std::string& name, const std::string& description, Configure configure) {
     commands()[name] = CommandEntry{description, std::move(configure)};
     return true;

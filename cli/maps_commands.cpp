@@ -16,11 +16,6 @@ namespace {
 
 namespace fs = std::filesystem;
 
-void requireFile(const fs::path& path) {
-    if (!fileExists(path))
-        throw UsageError("File not found: " + utf8ToCp1252(path.string()));
-}
-
 void requireGame(const fs::path& root, const std::string& game) {
     const fs::path folder = gameFolder(root, game);
     if (game.empty() || !folderExists(folder))
@@ -28,37 +23,15 @@ void requireGame(const fs::path& root, const std::string& game) {
 }
 
 const bool categoryRegistered = addFileKind(
-    "category", FileKind{[](Context& ctx, const fs::path& path, const std::vector<std::string>&) {
-                             requireFile(path);
-                             MapCategory category;
-                             StepRunner(ctx.trap()).step([&] { category = LoadCategory(path); });
-                             Json maps = Json::array();
-                             for (const auto& row : category.maps)
-                                 maps.push_back(Json{{"name", str(row.name)}, {"title", str(row.title)}});
-                             return Json{{"arena", category.arena}, {"maps", maps}};
-                         },
-                         [](Context& ctx, const fs::path& path) {
-                             requireFile(path);
-                             MapCategory category;
-                             StepRunner trap(ctx.trap());
-                             if (trap.step([&] { category = LoadCategory(path); }))
-                                 trap.step([&] { SaveCategory(path, category); });
-                         }});
+    "category", loadSaveKind<MapCategory>(LoadCategory, SaveCategory, [](const MapCategory& category) {
+        Json maps = Json::array();
+        for (const auto& row : category.maps)
+            maps.push_back(Json{{"name", str(row.name)}, {"title", str(row.title)}});
+        return Json{{"arena", category.arena}, {"maps", maps}};
+    }));
 
 const bool arenasRegistered =
-    addFileKind("arenas", FileKind{[](Context& ctx, const fs::path& path, const std::vector<std::string>&) {
-                                       requireFile(path);
-                                       std::vector<std::string> arenas;
-                                       StepRunner(ctx.trap()).step([&] { arenas = LoadArenas(path); });
-                                       return strings(arenas);
-                                   },
-                                   [](Context& ctx, const fs::path& path) {
-                                       requireFile(path);
-                                       std::vector<std::string> arenas;
-                                       StepRunner trap(ctx.trap());
-                                       if (trap.step([&] { arenas = LoadArenas(path); }))
-                                           trap.step([&] { SaveArenas(path, arenas); });
-                                   }});
+    addFileKind("arenas", loadSaveKind<std::vector<std::string>>(LoadArenas, SaveArenas, strings));
 
 const bool pakRegistered = addFileKind(
     "pak", FileKind{[](Context&, const fs::path& path, const std::vector<std::string>& extra) {

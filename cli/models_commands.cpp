@@ -18,11 +18,6 @@ TrapHandler gendersTrap(Context& ctx) {
     };
 }
 
-void requireFile(const std::filesystem::path& path) {
-    if (!fileExists(path))
-        throw UsageError("File not found: " + utf8ToCp1252(path.string()));
-}
-
 const bool modelsRegistered =
     addCommand("models", "Male and female models of a game: models GAME", [](CLI::App& sub) -> Action {
         auto game = std::make_shared<std::string>();
@@ -41,20 +36,7 @@ const bool modelsRegistered =
     });
 
 const bool femalesRegistered = addFileKind(
-    "females", FileKind{[](Context& ctx, const std::filesystem::path& path, const std::vector<std::string>&) {
-                            requireFile(path);
-                            std::vector<std::string> names;
-                            StepRunner runner(gendersTrap(ctx));
-                            runner.step([&] { names = readFemaleList(path); });
-                            return strings(names);
-                        },
-                        [](Context& ctx, const std::filesystem::path& path) {
-                            requireFile(path);
-                            std::vector<std::string> names;
-                            StepRunner runner(gendersTrap(ctx));
-                            if (runner.step([&] { names = readFemaleList(path); }))
-                                runner.step([&] { SaveFemaleList(path, names); });
-                        }});
+    "females", loadSaveKind<std::vector<std::string>>(readFemaleList, SaveFemaleList, strings, gendersTrap));
 
 } // namespace
 } // namespace rd::cli

@@ -57,11 +57,6 @@ Json wizardJson(const std::vector<WizardCommand>& commands) {
     return out;
 }
 
-void requireFile(const std::filesystem::path& path) {
-    if (!fileExists(path))
-        throw UsageError("File not found: " + utf8ToCp1252(path.string()));
-}
-
 const bool setupRegistered = addFileKind(
     "setup", FileKind{[](Context& ctx, const std::filesystem::path& folder, const std::vector<std::string>&) {
                           StepRunner runner(setupTrap(ctx));

@@ -52,6 +52,32 @@ struct FileKind {
 };
 bool addFileKind(const std::string& kind, FileKind fileKind);
 
+// A file named on the command line must exist: otherwise "File not found: " + path, status 2.
+void requireFile(const std::filesystem::path& path);
+
+// A file kind read whole by one loader and written back by one writer: `show` prints what
+// `load` gives through `toJson`; `resave` loads the file and saves it again. Each is a step of
+// the error trap (`trap`, or the context's own when none is given). The file must exist.
+template <typename T>
+FileKind loadSaveKind(std::function<T(const std::filesystem::path&)> load,
+                      std::function<void(const std::filesystem::path&, const T&)> save,
+                      std::function<Json(const T&)> toJson, std::function<TrapHandler(Context&)> trap = {}) {
+    auto handler = [trap](Context& ctx) { return trap ? trap(ctx) : ctx.trap(); };
+    return FileKind{[=](Context& ctx, const std::filesystem::path& path, const std::vector<std::string>&) {
+                        requireFile(path);
+                        T value{};
+                        StepRunner(handler(ctx)).step([&] { value = load(path); });
+                        return toJson(value);
+                    },
+                    [=](Context& ctx, const std::filesystem::path& path) {
+                        requireFile(path);
+                        T value{};
+                        StepRunner runner(handler(ctx));
+                        if (runner.step([&] { value = load(path); }))
+                            runner.step([&] { save(path, value); });
+                    }};
+}
+
 struct CommandEntry {
     std::string description;
     Configure configure;
