@@ -1,5 +1,6 @@
 #include "dialogs/frmFindFolder.h"
 
+#include "core/screens/controls.h"
 #include "core/screens/userfont.h"
 
 #include <QComboBox>
@@ -78,16 +79,8 @@ frmFindFolder::frmFindFolder(const QString& startFolder, QWidget* owner) : QDial
         Dir1->hideColumn(column);
     Dir1->setSelectionMode(QAbstractItemView::SingleSelection);
 
-    cmdOK = new QPushButton(QStringLiteral("&OK"), this);
-    cmdOK->setObjectName(QStringLiteral("cmdOK"));
+    QHBoxLayout* buttons = okCancelRow(this, cmdOK, cmdCancel);
     cmdOK->setDefault(true);
-    cmdCancel = new QPushButton(QStringLiteral("&Cancel"), this);
-    cmdCancel->setObjectName(QStringLiteral("cmdCancel"));
-
-    auto* buttons = new QHBoxLayout;
-    buttons->addStretch(1);
-    buttons->addWidget(cmdOK);
-    buttons->addWidget(cmdCancel);
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(Drive1);
     layout->addWidget(Dir1, 1);

@@ -1,5 +1,6 @@
 #include "dialogs/frmPickFromLV.h"
 
+#include "core/screens/controls.h"
 #include "core/screens/listhelpers.h"
 #include "core/screens/prompts.h"
 #include "core/screens/qtext.h"
@@ -31,16 +32,8 @@ frmPickFromLV::frmPickFromLV(const QTreeWidget* source, QLineEdit* target, int k
     List1 = new QListWidget(this);
     List1->setObjectName(QStringLiteral("List1"));
     List1->setSelectionMode(QAbstractItemView::SingleSelection);
-    cmdOK = new QPushButton(QStringLiteral("&OK"), this);
-    cmdOK->setObjectName(QStringLiteral("cmdOK"));
+    QHBoxLayout* buttons = okCancelRow(this, cmdOK, cmdCancel);
     cmdOK->setDefault(true);
-    cmdCancel = new QPushButton(QStringLiteral("&Cancel"), this);
-    cmdCancel->setObjectName(QStringLiteral("cmdCancel"));
-
-    auto* buttons = new QHBoxLayout;
-    buttons->addStretch(1);
-    buttons->addWidget(cmdOK);
-    buttons->addWidget(cmdCancel);
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(List1, 1);
     layout->addLayout(buttons);

@@ -1,5 +1,7 @@
 #include "core/screens/frmZoom.h"
 
+#include "core/screens/controls.h"
+
 #include "core/replaceall.h"
 #include "core/screens/userfont.h"
 
@@ -66,18 +68,8 @@ frmZoom::frmZoom(const QString& text, bool multiLineMode, QWidget* ownerScreen)
     txtText = new QPlainTextEdit(this);
     txtText->setObjectName(QStringLiteral("txtText"));
     txtText->setTabChangesFocus(true);
-    cmdOK = new QPushButton(QStringLiteral("&OK"), this);
-    cmdOK->setObjectName(QStringLiteral("cmdOK"));
-    cmdCancel = new QPushButton(QStringLiteral("&Cancel"), this);
-    cmdCancel->setObjectName(QStringLiteral("cmdCancel"));
-    cmdOK->setAutoDefault(false);
-    cmdCancel->setAutoDefault(false);
-
     // The text box fills the screen above the buttons, which sit at the bottom right.
-    auto* buttons = new QHBoxLayout;
-    buttons->addStretch(1);
-    buttons->addWidget(cmdOK);
-    buttons->addWidget(cmdCancel);
+    QHBoxLayout* buttons = okCancelRow(this, cmdOK, cmdCancel);
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(txtText, 1);
     layout->addLayout(buttons);

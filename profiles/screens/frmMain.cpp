@@ -1,5 +1,6 @@
 #include "profiles/screens/frmMain.h"
 
+#include "core/screens/controls.h"
 #include "core/screens/errortrap.h"
 #include "core/screens/prompts.h"
 #include "core/screens/qtext.h"
@@ -26,14 +27,6 @@ namespace rd {
 namespace {
 
 const char* const kReadyMark = "readyMark";
-
-QPushButton* makeButton(QWidget* parent, const char* name, const QString& caption, bool enabled) {
-    auto* button = new QPushButton(caption, parent);
-    button->setObjectName(QString::fromLatin1(name));
-    button->setEnabled(enabled);
-    button->setAutoDefault(false);
-    return button;
-}
 
 // The hourglass while a list is rebuilt; restored on every way out.
 class WaitCursor {

@@ -1,0 +1,26 @@
+#include "core/screens/controls.h"
+
+#include <QHBoxLayout>
+#include <QPushButton>
+
+namespace rd {
+
+QPushButton* makeButton(QWidget* parent, const char* name, const QString& caption, bool enabled) {
+    auto* button = new QPushButton(caption, parent);
+    button->setObjectName(QString::fromLatin1(name));
+    button->setEnabled(enabled);
+    button->setAutoDefault(false);
+    return button;
+}
+
+QHBoxLayout* okCancelRow(QWidget* parent, QPushButton*& ok, QPushButton*& cancel) {
+    ok = makeButton(parent, "cmdOK", QStringLiteral("&OK"));
+    cancel = makeButton(parent, "cmdCancel", QStringLiteral("&Cancel"));
+    auto* row = new QHBoxLayout;
+    row->addStretch(1);
+    row->addWidget(ok);
+    row->addWidget(cancel);
+    return row;
+}
+
+} // namespace rd

@@ -1,0 +1,21 @@
+#pragma once
+// Small builders every screen uses for its controls, so each control carries its name as its
+// objectName (tests and accessibility tools find it by that name) and dialogs look alike.
+
+#include <QString>
+
+class QHBoxLayout;
+class QPushButton;
+class QWidget;
+
+namespace rd {
+
+// A push button with its caption, named `name`. It does not become the default button when it
+// gets the focus, so Enter in a list or text box is left to that control.
+QPushButton* makeButton(QWidget* parent, const char* name, const QString& caption, bool enabled = true);
+
+// The row of a dialog's closing buttons, at its bottom right: cmdOK "&OK" and cmdCancel
+// "&Cancel", created into `ok` and `cancel`.
+QHBoxLayout* okCancelRow(QWidget* parent, QPushButton*& ok, QPushButton*& cancel);
+
+} // namespace rd
