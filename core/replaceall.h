@@ -15,7 +15,7 @@ namespace rd {
 //   occurrence formed by a replacement together with its neighbours is replaced too.
 // caseSensitive: byte-for-byte comparison; otherwise without regard to case (code-page rules).
 // A pair that would make the text grow without end raises RosterError("Out of string space")
-// once the text passes 64 MiB.
+// once the text passes 16 MiB.
 std::string ReplaceAll(std::string_view source, std::string_view find, std::string_view replacement,
                        bool caseSensitive);
 
