@@ -5,6 +5,7 @@
 //   ROSTERDESK_SCREENSHOT=<file>  save a picture of the first screen, then quit;
 //   ROSTERDESK_REPORT_START=1     print the start-up decision and the first screen, then quit.
 
+#include "core/screens/help.h"
 #include "core/screens/qtext.h"
 #include "core/screens/userfont.h"
 #include "core/startup.h"
@@ -47,6 +48,7 @@ int main(int argc, char** argv) {
     const rd::StartupDecision decision = rd::decideStartup(commandLine);
     rd::setUserFont(rd::UserFont{decision.fontSize, decision.fontName});
     app.setProperty("helpFile", QString::fromStdString(rd::helpFilePath(root).string()));
+    rd::installHelpKey(&app);
 
     QWidget* first = openFirstScreen(decision, root);
     first->setAttribute(Qt::WA_DeleteOnClose);

@@ -2,6 +2,7 @@
 
 #include "core/screens/controls.h"
 #include "core/screens/errortrap.h"
+#include "core/screens/help.h"
 #include "core/screens/prompts.h"
 #include "core/screens/qtext.h"
 #include "core/screens/userfont.h"
@@ -74,7 +75,7 @@ frmMain::frmMain(std::filesystem::path root, QWidget* parent) : QDialog(parent),
     cmdCustomMaps = makeButton(this, "cmdCustomMaps", QStringLiteral("Custom &Map Lists"), false);
     cmdEditArena = makeButton(this, "cmdEditArena", QStringLiteral("Edit Are&nas"), false);
     cmdLadies = makeButton(this, "cmdLadies", QStringLiteral("Se&x Editor"), false);
-    cmdHelp = makeButton(this, "cmdHelp", QStringLiteral("&Help Index"), false);
+    cmdHelp = makeButton(this, "cmdHelp", QStringLiteral("&Help Index"), true);
     cmdAbout = makeButton(this, "cmdAbout", QStringLiteral("A&bout..."), true);
     cmdOK = makeButton(this, "cmdOK", QStringLiteral("&Quit"), true);
 
@@ -118,6 +119,7 @@ frmMain::frmMain(std::filesystem::path root, QWidget* parent) : QDialog(parent),
     connect(chkOnlyShow, &QCheckBox::clicked, this, &frmMain::chkOnlyShow_Click);
     connect(lstRecognisedBots, &QListWidget::itemClicked, this, &frmMain::lstRecognisedBots_Click);
     connect(lstRecognisedBots, &QListWidget::itemDoubleClicked, this, &frmMain::lstRecognisedBots_DblClick);
+    connect(cmdHelp, &QPushButton::clicked, this, &frmMain::cmdHelp_Click);
     connect(cmdAbout, &QPushButton::clicked, this, &frmMain::cmdAbout_Click);
     connect(cmdOK, &QPushButton::clicked, this, &frmMain::cmdOK_Click);
 
@@ -182,6 +184,10 @@ void frmMain::lstRecognisedBots_Click() {
 void frmMain::lstRecognisedBots_DblClick() {
     // Double-clicking a bot does what the Edit button does.
     cmdEditBot->click();
+}
+
+void frmMain::cmdHelp_Click() {
+    HelpIndex(this, root_);
 }
 
 void frmMain::cmdAbout_Click() {

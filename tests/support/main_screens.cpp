@@ -1,4 +1,7 @@
-// main() of every screen test program: Qt runs offscreen, one QApplication for all tests.
+// main() of every screen test program: Qt runs offscreen, one QApplication for all tests, with
+// the help key installed as the program installs it.
+#include "core/screens/help.h"
+
 #include <QApplication>
 #include <cstdlib>
 #include <gtest/gtest.h>
@@ -7,6 +10,7 @@ int main(int argc, char** argv) {
     if (!std::getenv("QT_QPA_PLATFORM"))
         setenv("QT_QPA_PLATFORM", "offscreen", 1);
     QApplication app(argc, argv);
+    rd::installHelpKey(&app);
     ::testing::InitGoogleTest(&argc, argv);
     return RUN_ALL_TESTS();
 }

@@ -1,3 +1,4 @@
+#include "core/screens/help.h"
 #include "core/screens/userfont.h"
 #include "profiles/screens/frmMain.h"
 #include "tests/support/modal_driver_screens.h"
@@ -288,4 +289,22 @@ TEST(MainWindow, AboutOpensTheAboutBox) {
     EXPECT_TRUE(driver.acted());
     EXPECT_EQ(opened, QString("frmRDabout"));
     EXPECT_EQ(caption, QString("About..."));
+}
+
+TEST(MainWindow, HelpIndexWarnsOfTheMissingHelpFileAndOpensTheGuide) {
+    TempWorkspace ws;
+    PromptRecorder prompts;
+    frmMain form(ws.root());
+    form.show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&form));
+    ASSERT_TRUE(form.cmdHelp->isEnabled());
+    QTest::mouseClick(form.cmdHelp, Qt::LeftButton);
+    ASSERT_EQ(prompts.calls().size(), 1u);
+    EXPECT_EQ(prompts.last().text, QString("Can't find help file 'RosterDesk.hlp'"));
+    EXPECT_EQ(prompts.last().icon, PromptIcon::Exclamation);
+    auto* help = form.findChild<frmHelp*>("frmHelp");
+    ASSERT_NE(help, nullptr);
+    EXPECT_TRUE(help->isVisible());
+    EXPECT_EQ(help->currentPage(), QString("index.html"));
+    help->close();
 }
