@@ -191,6 +191,23 @@ void GamePathTabs::buildGamePathTabs(QWidget* screen, bool withChoosers) {
 
     SSTab1->addTab(paths, QStringLiteral("&Paths"));
     SSTab1->addTab(advanced, QStringLiteral("&Advanced"));
+
+    // Tab goes along each row, then down, as the fields are laid out.
+    const std::initializer_list<QWidget*> order{txtLocationOfExe, cmdChooseGameDir,   txtEXEName,
+                                                txtMapLocation,   cmdMapLocation,     txtCDPath,
+                                                cmdCDpath,        txtModels,          cmdChooseModel,
+                                                txtMapReadMe,     cmdChooseMapReadme, txtSkinFilter,
+                                                txtBatchFile,     cmdChooseBatch,     cmdEditBatch,
+                                                txtModelName,     cboStartType,       chkLaunchBatchDirect,
+                                                chkFinishSample,  cmdBatchNote,       cmdTemplate};
+    QWidget* previous = nullptr;
+    for (QWidget* widget : order) {
+        if (!widget)
+            continue; // the template editor has no choosers
+        if (previous)
+            QWidget::setTabOrder(previous, widget);
+        previous = widget;
+    }
 }
 
 void GamePathTabs::showRecord(const GamePathRecord& record) {

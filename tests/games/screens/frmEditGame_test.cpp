@@ -803,3 +803,26 @@ TEST(GameEditor, TabMnemonicsSwitchBetweenPathsAndAdvanced) {
     QTest::keyClick(form.get(), Qt::Key_P, Qt::AltModifier);
     EXPECT_EQ(form->SSTab1->currentIndex(), 0);
 }
+
+TEST(GameEditor, TabGoesAlongEachRowThenDownAsTheFieldsAreLaidOut) {
+    TempWorkspace ws;
+    ws.writeLines(kRecord, kFullRecord);
+    auto form = openEditor(ws);
+    const auto walk = [&](QWidget* from, int steps) {
+        from->setFocus();
+        QStringList names;
+        for (int i = 0; i < steps; ++i) {
+            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+            names << QApplication::focusWidget()->objectName();
+        }
+        return names;
+    };
+    EXPECT_EQ(walk(form->txtLocationOfExe, 10),
+              (QStringList{"cmdChooseGameDir", "txtEXEName", "txtMapLocation", "cmdMapLocation", "txtCDPath",
+                           "cmdCDpath", "txtModels", "cmdChooseModel", "cmdOK", "cmdCancel"}));
+    form->SSTab1->setCurrentIndex(1);
+    EXPECT_EQ(walk(form->txtMapReadMe, 13),
+              (QStringList{"cmdChooseMapReadme", "txtSkinFilter", "txtBatchFile", "cmdChooseBatch",
+                           "cmdEditBatch", "txtModelName", "cboStartType", "chkLaunchBatchDirect",
+                           "chkFinishSample", "cmdBatchNote", "cmdTemplate", "cmdOK", "cmdCancel"}));
+}

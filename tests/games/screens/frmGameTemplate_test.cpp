@@ -1,6 +1,7 @@
 // The paths template editor on screen: built-in values, loading and saving Template.cfg, its
 // notes, and what it does not have (choosers, zoom keys).
 
+#include "core/screens/help.h"
 #include "games/screens/frmGameTemplate.h"
 #include "tests/games/screens/games_screens_support.h"
 #include "tests/support/modal_driver_screens.h"
@@ -185,4 +186,15 @@ TEST(GameTemplateEditor, FailedSaveShowsTheErrorUnderSavingGamePathIInfoAndStays
     EXPECT_EQ(prompts.last().title, QString("Saving Game Path IInfo"));
     EXPECT_EQ(prompts.last().icon, PromptIcon::Exclamation);
     EXPECT_TRUE(form->isVisible());
+}
+
+TEST(GameTemplateEditor, F1OpensTheGuidePageOfTheTemplateEditor) {
+    TempWorkspace ws;
+    ws.folder("Game-Paths/Quake2");
+    auto form = openTemplate(ws);
+    QTest::keyClick(form->txtModels, Qt::Key_F1);
+    auto* help = form->findChild<frmHelp*>("frmHelp");
+    ASSERT_NE(help, nullptr);
+    EXPECT_EQ(help->currentPage(), QString("frmGameTemplate.html"));
+    help->close();
 }

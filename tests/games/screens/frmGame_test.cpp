@@ -1,5 +1,6 @@
 // The games list on screen: listing, adding, editing and deleting games, and its layout.
 
+#include "core/screens/help.h"
 #include "games/screens/frmEditGame.h"
 #include "games/screens/frmGame.h"
 #include "tests/games/screens/games_screens_support.h"
@@ -385,4 +386,15 @@ TEST(GamesList, ListKeepsItsLeftMarginOnBothSidesWhenResized) {
         EXPECT_GT(list.left(), 0);
         EXPECT_EQ(list.width(), form->width() - 2 * list.left()) << size.width();
     }
+}
+
+TEST(GamesList, F1OpensTheGuidePageOfTheGamesList) {
+    TempWorkspace ws;
+    fillWorkspace(ws);
+    auto form = openList(ws);
+    QTest::keyClick(form->lstGames, Qt::Key_F1);
+    auto* help = form->findChild<frmHelp*>("frmHelp");
+    ASSERT_NE(help, nullptr);
+    EXPECT_EQ(help->currentPage(), QString("frmGame.html"));
+    help->close();
 }
