@@ -8,6 +8,7 @@
 #include "core/screens/userfont.h"
 #include "core/steprunner.h"
 #include "dialogs/frmRDabout.h"
+#include "games/screens/frmGame.h"
 #include "profiles/profiles.h"
 
 #include <QApplication>
@@ -70,7 +71,7 @@ frmMain::frmMain(std::filesystem::path root, QWidget* parent) : QDialog(parent),
     cmdDeleteBot = makeButton(this, "cmdDeleteBot", QStringLiteral("De&lete"), false);
     cmdRename = makeButton(this, "cmdRename", QStringLiteral("&Rename"), false);
     cmdDeleteProfile = makeButton(this, "cmdDeleteProfile", QStringLiteral("&Delete"), false);
-    cmdGame = makeButton(this, "cmdGame", QStringLiteral("Edit &Game Paths"), false);
+    cmdGame = makeButton(this, "cmdGame", QStringLiteral("Edit &Game Paths"), true);
     cmdEditOptions = makeButton(this, "cmdEditOptions", QStringLiteral("Edit &Options"), false);
     cmdCustomMaps = makeButton(this, "cmdCustomMaps", QStringLiteral("Custom &Map Lists"), false);
     cmdEditArena = makeButton(this, "cmdEditArena", QStringLiteral("Edit Are&nas"), false);
@@ -119,6 +120,7 @@ frmMain::frmMain(std::filesystem::path root, QWidget* parent) : QDialog(parent),
     connect(chkOnlyShow, &QCheckBox::clicked, this, &frmMain::chkOnlyShow_Click);
     connect(lstRecognisedBots, &QListWidget::itemClicked, this, &frmMain::lstRecognisedBots_Click);
     connect(lstRecognisedBots, &QListWidget::itemDoubleClicked, this, &frmMain::lstRecognisedBots_DblClick);
+    connect(cmdGame, &QPushButton::clicked, this, &frmMain::cmdGame_Click);
     connect(cmdHelp, &QPushButton::clicked, this, &frmMain::cmdHelp_Click);
     connect(cmdAbout, &QPushButton::clicked, this, &frmMain::cmdAbout_Click);
     connect(cmdOK, &QPushButton::clicked, this, &frmMain::cmdOK_Click);
@@ -184,6 +186,10 @@ void frmMain::lstRecognisedBots_Click() {
 void frmMain::lstRecognisedBots_DblClick() {
     // Double-clicking a bot does what the Edit button does.
     cmdEditBot->click();
+}
+
+void frmMain::cmdGame_Click() {
+    EditGamePaths(this, root_);
 }
 
 void frmMain::cmdHelp_Click() {
