@@ -7,6 +7,7 @@
 #include "core/screens/qtext.h"
 #include "core/screens/userfont.h"
 #include "core/steprunner.h"
+#include "definitions/screens/frmEditing.h"
 #include "dialogs/frmRDabout.h"
 #include "profiles/profiles.h"
 
@@ -71,7 +72,7 @@ frmMain::frmMain(std::filesystem::path root, QWidget* parent) : QDialog(parent),
     cmdRename = makeButton(this, "cmdRename", QStringLiteral("&Rename"), false);
     cmdDeleteProfile = makeButton(this, "cmdDeleteProfile", QStringLiteral("&Delete"), false);
     cmdGame = makeButton(this, "cmdGame", QStringLiteral("Edit &Game Paths"), false);
-    cmdEditOptions = makeButton(this, "cmdEditOptions", QStringLiteral("Edit &Options"), false);
+    cmdEditOptions = makeButton(this, "cmdEditOptions", QStringLiteral("Edit &Options"), true);
     cmdCustomMaps = makeButton(this, "cmdCustomMaps", QStringLiteral("Custom &Map Lists"), false);
     cmdEditArena = makeButton(this, "cmdEditArena", QStringLiteral("Edit Are&nas"), false);
     cmdLadies = makeButton(this, "cmdLadies", QStringLiteral("Se&x Editor"), false);
@@ -119,6 +120,7 @@ frmMain::frmMain(std::filesystem::path root, QWidget* parent) : QDialog(parent),
     connect(chkOnlyShow, &QCheckBox::clicked, this, &frmMain::chkOnlyShow_Click);
     connect(lstRecognisedBots, &QListWidget::itemClicked, this, &frmMain::lstRecognisedBots_Click);
     connect(lstRecognisedBots, &QListWidget::itemDoubleClicked, this, &frmMain::lstRecognisedBots_DblClick);
+    connect(cmdEditOptions, &QPushButton::clicked, this, &frmMain::cmdEditOptions_Click);
     connect(cmdHelp, &QPushButton::clicked, this, &frmMain::cmdHelp_Click);
     connect(cmdAbout, &QPushButton::clicked, this, &frmMain::cmdAbout_Click);
     connect(cmdOK, &QPushButton::clicked, this, &frmMain::cmdOK_Click);
@@ -184,6 +186,11 @@ void frmMain::lstRecognisedBots_Click() {
 void frmMain::lstRecognisedBots_DblClick() {
     // Double-clicking a bot does what the Edit button does.
     cmdEditBot->click();
+}
+
+void frmMain::cmdEditOptions_Click() {
+    frmEditing chooser(root_, this);
+    chooser.exec();
 }
 
 void frmMain::cmdHelp_Click() {

@@ -45,6 +45,7 @@ public slots:
     void chkOnlyShow_Click();
     void lstRecognisedBots_Click();
     void lstRecognisedBots_DblClick();
+    void cmdEditOptions_Click();
     void cmdHelp_Click();
     void cmdAbout_Click();
     void cmdOK_Click();
