@@ -35,6 +35,9 @@ QScrollBar* makeBar(QWidget* parent, const char* name, int low, int high, const 
     bar->setPageStep(10);
     bar->setAccessibleName(accessible);
     bar->setMinimumWidth(160);
+    // Reached with Tab like every control; Right, Up and Page Up make the number larger.
+    bar->setFocusPolicy(Qt::StrongFocus);
+    bar->setInvertedControls(false);
     return bar;
 }
 

@@ -589,7 +589,7 @@ TEST_F(OptionEditor, OKWritesEveryFieldIntoTheRow) {
     typeInto(e->txtUnchecked, "");
     typeInto(e->txtHelp, "Everybody against everybody");
     selectType(1);
-    click(e->optWhere[2]);
+    clickChoice(e->optWhere[2]);
     auto expected = kSample;
     expected[1] = "Death Match";
     expected[2] = "1";
@@ -603,7 +603,7 @@ TEST_F(OptionEditor, NewRowIsInsertedAtItsIndex) {
     QTest::keyClick(e->txtName, Qt::Key_Tab);
     settle();
     typeInto(e->txtChecked, "+set coop 1");
-    click(e->optWhere[1]);
+    clickChoice(e->optWhere[1]);
     EXPECT_EQ(saved(), crlf(withRow(kSample, 1, {"Co-op", "0", "Co-op\t\t+set coop 1\t\t1\t"})));
 }
 

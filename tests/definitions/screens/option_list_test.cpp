@@ -59,7 +59,7 @@ protected:
 void addNamedOption(QDialog* dialog, const QString& name) {
     auto* editor = qobject_cast<frmEditOption*>(dialog);
     ASSERT_NE(editor, nullptr);
-    ASSERT_TRUE(QTest::qWaitForWindowActive(editor));
+    ASSERT_TRUE(makeActive(editor));
     typeInto(editor->txtName, name);
     QTest::keyClick(editor->txtName, Qt::Key_Tab);
     settle();
@@ -222,7 +222,7 @@ TEST_F(OptionList, DoubleClickOnAnOptionEditsIt) {
     auto form = open();
     ModalDriver driver([](QDialog* d) {
         auto* editor = qobject_cast<frmEditOption*>(d);
-        ASSERT_TRUE(QTest::qWaitForWindowActive(editor));
+        ASSERT_TRUE(makeActive(editor));
         typeInto(editor->txtHelp, "Frags a player needs to win");
         click(editor->cmdOK);
     });

@@ -12,13 +12,27 @@
 #include <QTest>
 #include <QTreeWidget>
 #include <gtest/gtest.h>
+#include <ostream>
 #include <string>
+
+// Failed comparisons of texts print the texts.
+inline void PrintTo(const QString& text, std::ostream* os) {
+    *os << '"' << text.toStdString() << '"';
+}
 
 namespace rd::test {
 
 // Shows `w` and makes it the active window, so focus moves between its controls as for a user.
 inline bool showActive(QWidget* w) {
     w->show();
+    w->activateWindow();
+    QApplication::setActiveWindow(w);
+    return QTest::qWaitForWindowActive(w);
+}
+
+// Makes an open dialog the active window (a dialog opened from a popup menu may come up while
+// the menu's window still holds the activation).
+inline bool makeActive(QWidget* w) {
     w->activateWindow();
     QApplication::setActiveWindow(w);
     return QTest::qWaitForWindowActive(w);
@@ -39,6 +53,11 @@ template <typename T> T* child(QWidget* parent, const char* name) {
 // Clicks a control as a user does (the press gives it the focus when it takes focus by mouse).
 inline void click(QWidget* w) {
     QTest::mouseClick(w, Qt::LeftButton, {}, QPoint(w->width() / 2, w->height() / 2));
+}
+
+// Clicks a check box or option button on its indicator (a click beyond its caption misses it).
+inline void clickChoice(QWidget* choice) {
+    QTest::mouseClick(choice, Qt::LeftButton, {}, QPoint(6, choice->height() / 2));
 }
 
 // Replaces a text box's text by typing: select all, delete, type.
