@@ -109,6 +109,9 @@ void frmEditDMflag::Form_Load() {
         cboUnchecked->setEditText(item->text(kFlagUnchecked));
         cboBitmap->setEditText(item->text(kFlagBitmap));
         txtHelp->setText(item->text(kFlagHelp));
+        for (QLineEdit* box :
+             {txtFlagName, txtHelp, cboChecked->lineEdit(), cboUnchecked->lineEdit(), cboBitmap->lineEdit()})
+            box->setCursorPosition(0);
     }
     txtFlagName->setFocus(Qt::OtherFocusReason);
 }

@@ -58,6 +58,8 @@ void frmEditItem::Form_Load() {
         txtText->setText(item->text(0));
         if (valueList_)
             txtValue->setText(item->text(1));
+        txtText->setCursorPosition(0);
+        txtValue->setCursorPosition(0);
     }
     txtText->setFocus(Qt::OtherFocusReason);
 }

@@ -20,6 +20,7 @@
 #include <QFocusEvent>
 #include <QGridLayout>
 #include <QGroupBox>
+#include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -91,19 +92,24 @@ frmEditOption::frmEditOption(QTreeWidget* list, bool newRow, int index, std::str
     txtHelp = makeTextBox(fraDetails, "txtHelp", QStringLiteral("A help description to make life easier"));
     lblHelp = makeLabel(fraDetails, "lblHelp", QStringLiteral("Help Text:"), txtHelp);
 
+    // A syntax field and its button share a row: with the button hidden the field takes it all.
+    const auto withButton = [](QWidget* field, QWidget* button) {
+        auto* row = new QHBoxLayout;
+        row->addWidget(field, 1);
+        row->addWidget(button);
+        return row;
+    };
     auto* details = new QGridLayout(fraDetails);
     details->addWidget(lblName, 0, 0);
-    details->addWidget(txtName, 0, 1, 1, 2);
+    details->addWidget(txtName, 0, 1);
     details->addWidget(lblKey, 1, 0);
-    details->addWidget(txtKey, 1, 1, 1, 2);
+    details->addWidget(txtKey, 1, 1);
     details->addWidget(lblParam1, 2, 0);
-    details->addWidget(txtChecked, 2, 1);
-    details->addWidget(cmdSyntax[0], 2, 2);
+    details->addLayout(withButton(txtChecked, cmdSyntax[0]), 2, 1);
     details->addWidget(lblParam2, 3, 0);
-    details->addWidget(txtUnchecked, 3, 1);
-    details->addWidget(cmdSyntax[1], 3, 2);
+    details->addLayout(withButton(txtUnchecked, cmdSyntax[1]), 3, 1);
     details->addWidget(lblHelp, 4, 0);
-    details->addWidget(txtHelp, 4, 1, 1, 2);
+    details->addWidget(txtHelp, 4, 1);
     details->setColumnStretch(1, 1);
 
     // Data Format
@@ -126,12 +132,10 @@ frmEditOption::frmEditOption(QTreeWidget* list, bool newRow, int index, std::str
 
     auto* format = new QGridLayout(fraFormat);
     format->addWidget(lblType, 0, 0);
-    format->addWidget(cboType, 0, 1);
-    format->addWidget(cmdTypeHelp, 0, 2);
+    format->addLayout(withButton(cboType, cmdTypeHelp), 0, 1);
     format->addWidget(lblParameter, 1, 0);
-    format->addWidget(txtParameter, 1, 1);
-    format->addWidget(cmdParameter, 1, 2);
-    format->addWidget(lblNoParam, 2, 0, 1, 3);
+    format->addLayout(withButton(txtParameter, cmdParameter), 1, 1);
+    format->addWidget(lblNoParam, 2, 0, 1, 2);
     format->setColumnStretch(1, 1);
 
     // Where to Add It...
@@ -185,11 +189,14 @@ frmEditOption::frmEditOption(QTreeWidget* list, bool newRow, int index, std::str
     giveZoomKey(txtHelp, QStringLiteral("Help Text"));
     giveZoomKey(txtParameter, std::function<QString()>([this] { return lblParameter->text(); }));
 
+    resize(560, sizeHint().height());
     Form_Load();
 }
 
 void frmEditOption::Form_Load() {
     applyUserFont(this);
+    for (QPushButton* button : {cmdSyntax[0], cmdSyntax[1], cmdTypeHelp, cmdParameter})
+        fitToCaption(button);
     QTreeWidgetItem* item = nullptr;
     if (!newRow_ && index_ >= 1 && index_ <= list_->topLevelItemCount())
         item = list_->topLevelItem(index_ - 1);
@@ -212,6 +219,8 @@ void frmEditOption::Form_Load() {
         if (const int where = whereIndexOf(originalWhere_); where >= 0)
             optWhere[static_cast<std::size_t>(where)]->setChecked(true);
     }
+    for (QLineEdit* box : {txtName, txtKey, txtChecked, txtUnchecked, txtHelp, txtParameter})
+        box->setCursorPosition(0);
     applyTypeLayout();
     txtName->setFocus(Qt::OtherFocusReason);
 }

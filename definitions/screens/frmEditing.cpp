@@ -126,7 +126,7 @@ void frmEditing::cmdOptions_Click() {
     if (editType() == 0) {
         gameName = toBytes(list->currentItem()->text());
     } else if (list->currentRow() > 0) {
-        // The first bot of the list never gets a game name this way; the launcher does the same.
+        // The first bot of the list never gets a game name this way; this is kept as it is.
         StepRunner trap(screenTrap(this, QStringLiteral("Editing Options")));
         trap.step([&] { gameName = botGameName(root_, toBytes(list->currentItem()->text())); });
     }

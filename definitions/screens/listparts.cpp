@@ -12,7 +12,10 @@
 #include <QPainter>
 #include <QPainterPath>
 #include <QPixmap>
+#include <QPushButton>
+#include <QStyle>
 #include <QTreeWidget>
+#include <algorithm>
 #include <utility>
 
 namespace rd {
@@ -136,6 +139,12 @@ QLabel* makeLabel(QWidget* parent, const char* name, const QString& caption, QWi
     if (buddy)
         label->setBuddy(buddy);
     return label;
+}
+
+void fitToCaption(QPushButton* button) {
+    const int margin = button->style()->pixelMetric(QStyle::PM_ButtonMargin, nullptr, button);
+    const int width = button->fontMetrics().horizontalAdvance(button->text()) + 2 * margin + 12;
+    button->setFixedWidth(std::max(width, button->fontMetrics().height() * 2));
 }
 
 QTreeWidget* makeReportView(QWidget* parent, const char* name, const QStringList& columns) {

@@ -9,6 +9,7 @@
 
 class QLabel;
 class QMenu;
+class QPushButton;
 class QTreeWidget;
 class QTreeWidgetItem;
 class QWidget;
@@ -26,6 +27,9 @@ bool isCategoryRow(const QTreeWidgetItem* item);
 // A label named `name` with `caption`, the buddy of `buddy` (so Alt+letter and screen readers
 // find the field by it).
 QLabel* makeLabel(QWidget* parent, const char* name, const QString& caption, QWidget* buddy);
+
+// Makes a small button ("...", "?") only as wide as its caption needs in the screen's font.
+void fitToCaption(QPushButton* button);
 
 // The report-style list view of a list screen: one row per entry, whole rows selected.
 QTreeWidget* makeReportView(QWidget* parent, const char* name, const QStringList& columns);
