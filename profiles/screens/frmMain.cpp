@@ -7,6 +7,7 @@
 #include "core/screens/qtext.h"
 #include "core/screens/userfont.h"
 #include "core/steprunner.h"
+#include "definitions/screens/frmEditing.h"
 #include "dialogs/frmRDabout.h"
 #include "games/screens/frmGame.h"
 #include "profiles/profiles.h"
@@ -72,7 +73,7 @@ frmMain::frmMain(std::filesystem::path root, QWidget* parent) : QDialog(parent),
     cmdRename = makeButton(this, "cmdRename", QStringLiteral("&Rename"), false);
     cmdDeleteProfile = makeButton(this, "cmdDeleteProfile", QStringLiteral("&Delete"), false);
     cmdGame = makeButton(this, "cmdGame", QStringLiteral("Edit &Game Paths"), true);
-    cmdEditOptions = makeButton(this, "cmdEditOptions", QStringLiteral("Edit &Options"), false);
+    cmdEditOptions = makeButton(this, "cmdEditOptions", QStringLiteral("Edit &Options"), true);
     cmdCustomMaps = makeButton(this, "cmdCustomMaps", QStringLiteral("Custom &Map Lists"), false);
     cmdEditArena = makeButton(this, "cmdEditArena", QStringLiteral("Edit Are&nas"), false);
     cmdLadies = makeButton(this, "cmdLadies", QStringLiteral("Se&x Editor"), false);
@@ -121,6 +122,7 @@ frmMain::frmMain(std::filesystem::path root, QWidget* parent) : QDialog(parent),
     connect(lstRecognisedBots, &QListWidget::itemClicked, this, &frmMain::lstRecognisedBots_Click);
     connect(lstRecognisedBots, &QListWidget::itemDoubleClicked, this, &frmMain::lstRecognisedBots_DblClick);
     connect(cmdGame, &QPushButton::clicked, this, &frmMain::cmdGame_Click);
+    connect(cmdEditOptions, &QPushButton::clicked, this, &frmMain::cmdEditOptions_Click);
     connect(cmdHelp, &QPushButton::clicked, this, &frmMain::cmdHelp_Click);
     connect(cmdAbout, &QPushButton::clicked, this, &frmMain::cmdAbout_Click);
     connect(cmdOK, &QPushButton::clicked, this, &frmMain::cmdOK_Click);
@@ -190,6 +192,11 @@ void frmMain::lstRecognisedBots_DblClick() {
 
 void frmMain::cmdGame_Click() {
     EditGamePaths(this, root_);
+}
+
+void frmMain::cmdEditOptions_Click() {
+    frmEditing chooser(root_, this);
+    chooser.exec();
 }
 
 void frmMain::cmdHelp_Click() {

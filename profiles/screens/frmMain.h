@@ -46,6 +46,7 @@ public slots:
     void lstRecognisedBots_Click();
     void lstRecognisedBots_DblClick();
     void cmdGame_Click();
+    void cmdEditOptions_Click();
     void cmdHelp_Click();
     void cmdAbout_Click();
     void cmdOK_Click();

@@ -1,0 +1,222 @@
+#include "definitions/screens/frmDMflags.h"
+
+#include "core/screens/controls.h"
+#include "core/screens/errortrap.h"
+#include "core/screens/listhelpers.h"
+#include "core/screens/prompts.h"
+#include "core/screens/qtext.h"
+#include "core/screens/userfont.h"
+#include "core/steprunner.h"
+#include "definitions/screens/frmEditDMflag.h"
+#include "definitions/screens/listparts.h"
+
+#include <QGroupBox>
+#include <QHeaderView>
+#include <QLabel>
+#include <QMenu>
+#include <QPushButton>
+#include <QTreeWidget>
+#include <QVBoxLayout>
+
+namespace rd {
+
+namespace {
+const QString kFlagsTitle = QStringLiteral("Deathmatch Flags Editor");
+}
+
+std::vector<FlagRow> flagRowsOf(const QTreeWidget* view) {
+    std::vector<FlagRow> rows;
+    const int count = view->topLevelItemCount();
+    rows.reserve(static_cast<std::size_t>(count));
+    for (int i = 0; i < count; ++i) {
+        const QTreeWidgetItem* item = view->topLevelItem(i);
+        if (isCategoryRow(item)) {
+            rows.push_back(FlagRow::category(toBytes(item->text(kFlagName))));
+            continue;
+        }
+        FlagRow row;
+        row.name = toBytes(item->text(kFlagName));
+        row.checked = toBytes(item->text(kFlagChecked));
+        row.unchecked = toBytes(item->text(kFlagUnchecked));
+        row.bitmap = toBytes(item->text(kFlagBitmap));
+        row.help = toBytes(item->text(kFlagHelp));
+        rows.push_back(std::move(row));
+    }
+    return rows;
+}
+
+void setFlagRow(QTreeWidgetItem* item, const FlagRow& row) {
+    item->setText(kFlagName, fromBytes(row.name));
+    item->setText(kFlagChecked, fromBytes(row.checked));
+    item->setText(kFlagUnchecked, fromBytes(row.unchecked));
+    item->setText(kFlagBitmap, fromBytes(row.bitmap));
+    item->setText(kFlagHelp, fromBytes(row.help));
+}
+
+frmDMflags::frmDMflags(std::filesystem::path path, QWidget* parent)
+    : QDialog(parent), path_(std::move(path)), categoryIcon_(categoryIcon()) {
+    setObjectName(QStringLiteral("frmDMflags"));
+    setWindowTitle(kFlagsTitle);
+    setWindowFlags(windowFlags() | Qt::WindowMinMaxButtonsHint);
+    setSizeGripEnabled(true);
+
+    fraFilename = new QGroupBox(this);
+    fraFilename->setObjectName(QStringLiteral("fraFilename"));
+    lblFilename = new QLabel(fraFilename);
+    lblFilename->setObjectName(QStringLiteral("lblFilename"));
+    lblFilename->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    lblFilename->setTextFormat(Qt::PlainText);
+    lblFilename->setAccessibleName(QStringLiteral("File"));
+    auto* frameLayout = new QVBoxLayout(fraFilename);
+    frameLayout->addWidget(lblFilename);
+
+    lvFlags = makeReportView(this, "lvFlags",
+                             {QStringLiteral("Name"), QStringLiteral("Checked"), QStringLiteral("Unchecked"),
+                              QStringLiteral("Bitmap"), QStringLiteral("Help")});
+    lvFlags->setAccessibleName(QStringLiteral("Deathmatch flags"));
+    const int widths[kFlagColumnCount] = {190, 80, 80, 90, 260};
+    for (int column = 0; column < kFlagColumnCount; ++column)
+        lvFlags->header()->resizeSection(column, widths[column]);
+
+    QHBoxLayout* buttons = okCancelRow(this, cmdOK, cmdCancel);
+    auto* layout = new QVBoxLayout(this);
+    layout->addWidget(fraFilename);
+    layout->addWidget(lvFlags, 1);
+    layout->addLayout(buttons);
+
+    mnuPopup = new QMenu(this);
+    mnuPopup->setObjectName(QStringLiteral("mnuPopup"));
+    const auto entry = [this](const char* name, const QString& caption) {
+        QAction* action = mnuPopup->addAction(caption);
+        action->setObjectName(QString::fromLatin1(name));
+        return action;
+    };
+    mnuPopupEdit = entry("mnuPopupEdit", QStringLiteral("&Edit"));
+    mnuPopupAdd = entry("mnuPopupAdd", QStringLiteral("&Add"));
+    mnuPopupDelete = entry("mnuPopupDelete", QStringLiteral("&Delete"));
+    mnuPopup->addSeparator();
+    mnuPopupMoveUp = entry("mnuPopupMoveUp", QStringLiteral("Move &Up"));
+    mnuPopupMoveDown = entry("mnuPopupMoveDown", QStringLiteral("&Move Down"));
+    mnuPopup->addSeparator();
+    mnuPopupCategoryNew = entry("mnuPopupCategoryNew", QStringLiteral("Add &New Category"));
+    mnuPopup->setDefaultAction(mnuPopupEdit);
+
+    connect(mnuPopupEdit, &QAction::triggered, this, &frmDMflags::mnuPopupEdit_Click);
+    connect(mnuPopupAdd, &QAction::triggered, this, &frmDMflags::mnuPopupAdd_Click);
+    connect(mnuPopupDelete, &QAction::triggered, this, &frmDMflags::mnuPopupDelete_Click);
+    connect(mnuPopupMoveUp, &QAction::triggered, this, &frmDMflags::mnuPopupMoveUp_Click);
+    connect(mnuPopupMoveDown, &QAction::triggered, this, &frmDMflags::mnuPopupMoveDown_Click);
+    connect(mnuPopupCategoryNew, &QAction::triggered, this, &frmDMflags::mnuPopupCategoryNew_Click);
+    connect(cmdOK, &QPushButton::clicked, this, &frmDMflags::cmdOK_Click);
+    connect(cmdCancel, &QPushButton::clicked, this, &frmDMflags::cmdCancel_Click);
+
+    giveListCommands(lvFlags, mnuPopup,
+                     {[this] { mnuPopupAdd_Click(); }, [this] { mnuPopupDelete_Click(); },
+                      [this] { mnuPopupEdit_Click(); }});
+    giveMoveKeys(lvFlags);
+
+    resize(760, 460);
+    Form_Load();
+}
+
+void frmDMflags::Form_Load() {
+    applyUserFont(this);
+    const QString file = pathText(path_);
+    lblFilename->setText(file);
+    lblFilename->setToolTip(file);
+
+    std::vector<FlagRow> rows;
+    StepRunner trap(screenTrap(this, QStringLiteral("Loading Deathmatch Flags")));
+    trap.step([&] { rows = LoadDMflags(path_); });
+
+    QList<QTreeWidgetItem*> items;
+    items.reserve(static_cast<qsizetype>(rows.size()));
+    for (const auto& row : rows) {
+        auto* item = new QTreeWidgetItem;
+        if (row.isCategory) {
+            item->setText(kFlagName, fromBytes(row.name));
+            markCategory(item, categoryIcon_);
+        } else {
+            setFlagRow(item, row);
+        }
+        items.append(item);
+    }
+    lvFlags->setUpdatesEnabled(false);
+    lvFlags->addTopLevelItems(items);
+    lvFlags->setUpdatesEnabled(true);
+}
+
+void frmDMflags::mnuPopupEdit_Click() {
+    const int row = selectedRow(lvFlags);
+    if (row < 1)
+        return;
+    QTreeWidgetItem* item = lvFlags->topLevelItem(row - 1);
+    if (isCategoryRow(item)) {
+        const auto name = askInput(this, QStringLiteral("Type in the name of the category below"),
+                                   kFlagsTitle, item->text(kFlagName));
+        if (name && !name->isEmpty())
+            item->setText(kFlagName, *name);
+        return;
+    }
+    frmEditDMflag editor(lvFlags, false, row, this);
+    editor.exec();
+}
+
+void frmDMflags::mnuPopupAdd_Click() {
+    const int row = selectedRow(lvFlags);
+    frmEditDMflag editor(lvFlags, true, row > 0 ? row + 1 : 0, this);
+    editor.exec();
+}
+
+void frmDMflags::mnuPopupDelete_Click() {
+    const int row = selectedRow(lvFlags);
+    if (row < 1)
+        return;
+    QTreeWidgetItem* item = lvFlags->topLevelItem(row - 1);
+    if (showMessage(this, QStringLiteral("Delete this flag, are you sure?"), PromptIcon::Exclamation,
+                    item->text(kFlagName), PromptButtons::YesNoCancel) != PromptAnswer::Yes)
+        return;
+    delete item;
+    const int count = lvFlags->topLevelItemCount();
+    if (count > 0)
+        selectRow(lvFlags, lvFlags->topLevelItem(std::min(row, count) - 1));
+}
+
+void frmDMflags::mnuPopupMoveUp_Click() {
+    moveSelectedEntryUp(lvFlags);
+}
+
+void frmDMflags::mnuPopupMoveDown_Click() {
+    moveSelectedEntryDown(lvFlags);
+}
+
+void frmDMflags::mnuPopupCategoryNew_Click() {
+    const auto name =
+        askInput(this, QStringLiteral("Type in the name of the new category to add below"), kFlagsTitle);
+    if (!name || name->isEmpty())
+        return;
+    auto* item = new QTreeWidgetItem;
+    item->setText(kFlagName, *name);
+    markCategory(item, categoryIcon_);
+    const int row = selectedRow(lvFlags);
+    if (row > 0)
+        lvFlags->insertTopLevelItem(row, item);
+    else
+        lvFlags->addTopLevelItem(item);
+    selectRow(lvFlags, item);
+}
+
+void frmDMflags::cmdOK_Click() {
+    StepRunner trap(screenTrap(this, QStringLiteral("Saving Deathmatch Flags")));
+    std::vector<FlagRow> rows;
+    trap.step([&] { rows = flagRowsOf(lvFlags); });
+    trap.step([&] { SaveDMflags(path_, rows); });
+    if (!trap.aborted())
+        accept();
+}
+
+void frmDMflags::cmdCancel_Click() {
+    reject();
+}
+
+} // namespace rd

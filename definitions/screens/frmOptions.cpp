@@ -1,0 +1,230 @@
+#include "definitions/screens/frmOptions.h"
+
+#include "core/screens/controls.h"
+#include "core/screens/errortrap.h"
+#include "core/screens/listhelpers.h"
+#include "core/screens/prompts.h"
+#include "core/screens/qtext.h"
+#include "core/screens/userfont.h"
+#include "core/steprunner.h"
+#include "definitions/screens/frmEditOption.h"
+#include "definitions/screens/listparts.h"
+
+#include <QGroupBox>
+#include <QHeaderView>
+#include <QLabel>
+#include <QMenu>
+#include <QPushButton>
+#include <QTreeWidget>
+#include <QVBoxLayout>
+
+namespace rd {
+
+std::vector<OptionRow> optionRowsOf(const QTreeWidget* view) {
+    std::vector<OptionRow> rows;
+    const int count = view->topLevelItemCount();
+    rows.reserve(static_cast<std::size_t>(count));
+    for (int i = 0; i < count; ++i) {
+        const QTreeWidgetItem* item = view->topLevelItem(i);
+        if (isCategoryRow(item)) {
+            rows.push_back(OptionRow::category(toBytes(item->text(kOptName))));
+            continue;
+        }
+        OptionRow row;
+        row.name = toBytes(item->text(kOptName));
+        row.checked = toBytes(item->text(kOptChecked));
+        row.unchecked = toBytes(item->text(kOptUnchecked));
+        row.helpText = toBytes(item->text(kOptHelpText));
+        row.type = toBytes(item->text(kOptType));
+        row.parameter = toBytes(item->text(kOptParameter));
+        row.where = toBytes(item->text(kOptWhere));
+        row.key = toBytes(item->text(kOptKey));
+        rows.push_back(std::move(row));
+    }
+    return rows;
+}
+
+void setOptionRow(QTreeWidgetItem* item, const OptionRow& row) {
+    item->setText(kOptName, fromBytes(row.name));
+    item->setText(kOptChecked, fromBytes(row.checked));
+    item->setText(kOptUnchecked, fromBytes(row.unchecked));
+    item->setText(kOptHelpText, fromBytes(row.helpText));
+    item->setText(kOptType, fromBytes(row.type));
+    item->setText(kOptParameter, fromBytes(row.parameter));
+    item->setText(kOptWhere, fromBytes(row.where));
+    item->setText(kOptKey, fromBytes(row.key));
+}
+
+frmOptions::frmOptions(std::filesystem::path path, std::string gameName, std::filesystem::path root,
+                       QWidget* parent)
+    : QDialog(parent), path_(std::move(path)), gameName_(std::move(gameName)), root_(std::move(root)),
+      categoryIcon_(categoryIcon()) {
+    setObjectName(QStringLiteral("frmOptions"));
+    setWindowTitle(QStringLiteral("Edit Options"));
+    setWindowFlags(windowFlags() | Qt::WindowMinMaxButtonsHint);
+    setSizeGripEnabled(true);
+
+    fraFilename = new QGroupBox(this);
+    fraFilename->setObjectName(QStringLiteral("fraFilename"));
+    lblFilename = new QLabel(fraFilename);
+    lblFilename->setObjectName(QStringLiteral("lblFilename"));
+    lblFilename->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    lblFilename->setTextFormat(Qt::PlainText);
+    lblFilename->setAccessibleName(QStringLiteral("File"));
+    auto* frameLayout = new QVBoxLayout(fraFilename);
+    frameLayout->addWidget(lblFilename);
+
+    lvOptions =
+        makeReportView(this, "lvOptions",
+                       {QStringLiteral("Name"), QStringLiteral("Checked"), QStringLiteral("Unchecked"),
+                        QStringLiteral("Help Text"), QStringLiteral("Type"), QStringLiteral("Parameter"),
+                        QStringLiteral("Where"), QStringLiteral("Key")});
+    lvOptions->setAccessibleName(QStringLiteral("Options"));
+    const int widths[kOptColumnCount] = {170, 150, 150, 220, 40, 80, 45, 60};
+    for (int column = 0; column < kOptColumnCount; ++column)
+        lvOptions->header()->resizeSection(column, widths[column]);
+
+    QHBoxLayout* buttons = okCancelRow(this, cmdOK, cmdCancel);
+
+    auto* layout = new QVBoxLayout(this);
+    layout->addWidget(fraFilename);
+    layout->addWidget(lvOptions, 1);
+    layout->addLayout(buttons);
+
+    mnuPopup = new QMenu(this);
+    mnuPopup->setObjectName(QStringLiteral("mnuPopup"));
+    const auto entry = [this](const char* name, const QString& caption) {
+        QAction* action = mnuPopup->addAction(caption);
+        action->setObjectName(QString::fromLatin1(name));
+        return action;
+    };
+    mnuPopupEdit = entry("mnuPopupEdit", QStringLiteral("&Edit"));
+    mnuPopupAdd = entry("mnuPopupAdd", QStringLiteral("&Add"));
+    mnuPopupDelete = entry("mnuPopupDelete", QStringLiteral("&Delete"));
+    mnuPopup->addSeparator();
+    mnuPopupMoveUp = entry("mnuPopupMoveUp", QStringLiteral("Move &Up"));
+    mnuPopupMoveDown = entry("mnuPopupMoveDown", QStringLiteral("&Move Down"));
+    mnuPopup->addSeparator();
+    mnuPopupCategoryAdd = entry("mnuPopupCategoryAdd", QStringLiteral("Add &New Category"));
+    mnuPopup->setDefaultAction(mnuPopupEdit);
+
+    connect(mnuPopupEdit, &QAction::triggered, this, &frmOptions::mnuPopupEdit_Click);
+    connect(mnuPopupAdd, &QAction::triggered, this, &frmOptions::mnuPopupAdd_Click);
+    connect(mnuPopupDelete, &QAction::triggered, this, &frmOptions::mnuPopupDelete_Click);
+    connect(mnuPopupMoveUp, &QAction::triggered, this, &frmOptions::mnuPopupMoveUp_Click);
+    connect(mnuPopupMoveDown, &QAction::triggered, this, &frmOptions::mnuPopupMoveDown_Click);
+    connect(mnuPopupCategoryAdd, &QAction::triggered, this, &frmOptions::mnuPopupCategoryAdd_Click);
+    connect(cmdOK, &QPushButton::clicked, this, &frmOptions::cmdOK_Click);
+    connect(cmdCancel, &QPushButton::clicked, this, &frmOptions::cmdCancel_Click);
+
+    giveListCommands(lvOptions, mnuPopup,
+                     {[this] { mnuPopupAdd_Click(); }, [this] { mnuPopupDelete_Click(); },
+                      [this] { mnuPopupEdit_Click(); }});
+    giveMoveKeys(lvOptions);
+
+    resize(820, 480);
+    Form_Load();
+}
+
+void frmOptions::Form_Load() {
+    applyUserFont(this);
+    const QString file = pathText(path_);
+    lblFilename->setText(file);
+    lblFilename->setToolTip(file);
+
+    std::vector<OptionRow> rows;
+    StepRunner trap(screenTrap(this, QStringLiteral("Loading Options")));
+    trap.step([&] { rows = LoadDefinitions(path_); });
+
+    QList<QTreeWidgetItem*> items;
+    items.reserve(static_cast<qsizetype>(rows.size()));
+    for (const auto& row : rows) {
+        auto* item = new QTreeWidgetItem;
+        if (row.isCategory) {
+            item->setText(kOptName, fromBytes(row.name));
+            markCategory(item, categoryIcon_);
+        } else {
+            setOptionRow(item, row);
+        }
+        items.append(item);
+    }
+    lvOptions->setUpdatesEnabled(false);
+    lvOptions->addTopLevelItems(items);
+    lvOptions->setUpdatesEnabled(true);
+}
+
+void frmOptions::mnuPopupEdit_Click() {
+    const int row = selectedRow(lvOptions);
+    if (row < 1)
+        return;
+    QTreeWidgetItem* item = lvOptions->topLevelItem(row - 1);
+    if (isCategoryRow(item)) {
+        const auto name = askInput(this, QStringLiteral("Type in new name for this category"),
+                                   QStringLiteral("Option Editor"), item->text(kOptName));
+        if (name && !name->isEmpty())
+            item->setText(kOptName, *name);
+        return;
+    }
+    frmEditOption editor(lvOptions, false, row, gameName_, root_, this);
+    editor.exec();
+}
+
+void frmOptions::mnuPopupAdd_Click() {
+    const int row = selectedRow(lvOptions);
+    frmEditOption editor(lvOptions, true, row > 0 ? row + 1 : 0, gameName_, root_, this);
+    editor.exec();
+}
+
+void frmOptions::mnuPopupDelete_Click() {
+    const int row = selectedRow(lvOptions);
+    if (row < 1)
+        return;
+    QTreeWidgetItem* item = lvOptions->topLevelItem(row - 1);
+    if (showMessage(this, QStringLiteral("Delete this option, are you sure?"), PromptIcon::Exclamation,
+                    item->text(kOptName), PromptButtons::YesNoCancel) != PromptAnswer::Yes)
+        return;
+    delete item;
+    // The row that took its place (or the new last row) is selected, so the keys go on working.
+    const int count = lvOptions->topLevelItemCount();
+    if (count > 0)
+        selectRow(lvOptions, lvOptions->topLevelItem(std::min(row, count) - 1));
+}
+
+void frmOptions::mnuPopupMoveUp_Click() {
+    moveSelectedEntryUp(lvOptions);
+}
+
+void frmOptions::mnuPopupMoveDown_Click() {
+    moveSelectedEntryDown(lvOptions);
+}
+
+void frmOptions::mnuPopupCategoryAdd_Click() {
+    const auto name = askInput(this, QStringLiteral("Type in the name of the category to add"),
+                               QStringLiteral("Option Editor"));
+    if (!name || name->isEmpty())
+        return;
+    auto* item = new QTreeWidgetItem;
+    item->setText(kOptName, *name);
+    markCategory(item, categoryIcon_);
+    const int row = selectedRow(lvOptions);
+    if (row > 0)
+        lvOptions->insertTopLevelItem(row, item);
+    else
+        lvOptions->addTopLevelItem(item);
+    selectRow(lvOptions, item);
+}
+
+void frmOptions::cmdOK_Click() {
+    StepRunner trap(screenTrap(this, QStringLiteral("Saving Options")));
+    std::vector<OptionRow> rows;
+    trap.step([&] { rows = optionRowsOf(lvOptions); });
+    trap.step([&] { SaveDefinitions(path_, rows); });
+    if (!trap.aborted())
+        accept();
+}
+
+void frmOptions::cmdCancel_Click() {
+    reject();
+}
+
+} // namespace rd

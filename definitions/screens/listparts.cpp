@@ -1,0 +1,201 @@
+#include "definitions/screens/listparts.h"
+
+#include "core/screens/listhelpers.h"
+
+#include <QDir>
+#include <QEvent>
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QMenu>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QPainterPath>
+#include <QPixmap>
+#include <QPushButton>
+#include <QStyle>
+#include <QTreeWidget>
+#include <algorithm>
+#include <utility>
+
+namespace rd {
+
+namespace {
+
+// A folder with a tab: the category a group of rows is filed under.
+QPixmap drawCategory(int size) {
+    QPixmap picture(size, size);
+    picture.fill(Qt::transparent);
+    QPainter painter(&picture);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.scale(size / 16.0, size / 16.0);
+    const QColor outline(122, 84, 16);
+    painter.setPen(QPen(outline, 1.0));
+    // The tab at the back.
+    QPainterPath tab;
+    tab.moveTo(1.5, 4.5);
+    tab.lineTo(1.5, 2.5);
+    tab.lineTo(6.0, 2.5);
+    tab.lineTo(7.5, 4.0);
+    tab.lineTo(7.5, 4.5);
+    painter.setBrush(QColor(214, 164, 52));
+    painter.drawPath(tab);
+    // The body, lighter towards the top.
+    QLinearGradient body(0, 4, 0, 14);
+    body.setColorAt(0.0, QColor(255, 226, 130));
+    body.setColorAt(1.0, QColor(232, 182, 62));
+    painter.setBrush(body);
+    painter.drawRoundedRect(QRectF(1.5, 4.5, 13.0, 9.0), 1.0, 1.0);
+    // A line across the front, as a folder's edge.
+    painter.setPen(QPen(QColor(255, 244, 200), 1.0));
+    painter.drawLine(QPointF(2.5, 6.0), QPointF(13.5, 6.0));
+    return picture;
+}
+
+class ListCommandFilter : public QObject {
+public:
+    ListCommandFilter(QTreeWidget* view, QMenu* popup, ListCommands commands)
+        : QObject(view), view_(view), popup_(popup), commands_(std::move(commands)) {}
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        if (watched == view_->viewport()) {
+            if (event->type() == QEvent::MouseButtonRelease) {
+                auto* mouse = static_cast<QMouseEvent*>(event);
+                if (mouse->button() == Qt::RightButton) {
+                    popup_->popup(view_->viewport()->mapToGlobal(mouse->position().toPoint()));
+                    return true;
+                }
+            } else if (event->type() == QEvent::MouseButtonDblClick) {
+                auto* mouse = static_cast<QMouseEvent*>(event);
+                if (mouse->button() == Qt::LeftButton) {
+                    run(commands_.edit);
+                    return true;
+                }
+            } else if (event->type() == QEvent::ContextMenu) {
+                return true; // the popup opens on the release of the right button
+            }
+            return false;
+        }
+        if (watched == view_ && event->type() == QEvent::KeyPress) {
+            auto* key = static_cast<QKeyEvent*>(event);
+            if (key->modifiers() & (Qt::ControlModifier | Qt::AltModifier))
+                return false;
+            switch (key->key()) {
+            case Qt::Key_Insert:
+                run(commands_.add);
+                return true;
+            case Qt::Key_Delete:
+                run(commands_.remove);
+                return true;
+            case Qt::Key_Return:
+            case Qt::Key_Enter:
+                run(commands_.edit);
+                return true;
+            case Qt::Key_Menu:
+                openPopupAtSelection(view_, popup_);
+                return true;
+            default:
+                return false;
+            }
+        }
+        if (watched == view_ && event->type() == QEvent::ContextMenu)
+            return true; // the key is handled above; the mouse on the viewport
+        return false;
+    }
+
+private:
+    static void run(const std::function<void()>& command) {
+        if (command)
+            command();
+    }
+
+    QTreeWidget* view_;
+    QMenu* popup_;
+    ListCommands commands_;
+};
+
+} // namespace
+
+QIcon categoryIcon() {
+    QIcon icon;
+    icon.addPixmap(drawCategory(16));
+    icon.addPixmap(drawCategory(32));
+    return icon;
+}
+
+void markCategory(QTreeWidgetItem* item, const QIcon& icon) {
+    setSmallIcon(item, kCategoryIconIndex, icon);
+    item->setData(0, kIconRole, kCategoryIconIndex);
+}
+
+bool isCategoryRow(const QTreeWidgetItem* item) {
+    return smallIconIndex(item) == kCategoryIconIndex;
+}
+
+QLabel* makeLabel(QWidget* parent, const char* name, const QString& caption, QWidget* buddy) {
+    auto* label = new QLabel(caption, parent);
+    label->setObjectName(QString::fromLatin1(name));
+    if (buddy)
+        label->setBuddy(buddy);
+    return label;
+}
+
+void fitToCaption(QPushButton* button) {
+    const int margin = button->style()->pixelMetric(QStyle::PM_ButtonMargin, nullptr, button);
+    const int width = button->fontMetrics().horizontalAdvance(button->text()) + 2 * margin + 12;
+    button->setFixedWidth(std::max(width, button->fontMetrics().height() * 2));
+}
+
+QTreeWidget* makeReportView(QWidget* parent, const char* name, const QStringList& columns) {
+    auto* view = new QTreeWidget(parent);
+    view->setObjectName(QString::fromLatin1(name));
+    view->setColumnCount(static_cast<int>(columns.size()));
+    view->setHeaderLabels(columns);
+    view->setRootIsDecorated(false);
+    view->setUniformRowHeights(true);
+    view->setAllColumnsShowFocus(true);
+    view->setSelectionMode(QAbstractItemView::SingleSelection);
+    view->setSelectionBehavior(QAbstractItemView::SelectRows);
+    view->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    view->setContextMenuPolicy(Qt::PreventContextMenu);
+    view->header()->setStretchLastSection(true);
+    return view;
+}
+
+void giveListCommands(QTreeWidget* view, QMenu* popup, ListCommands commands) {
+    auto* filter = new ListCommandFilter(view, popup, std::move(commands));
+    view->installEventFilter(filter);
+    view->viewport()->installEventFilter(filter);
+}
+
+void openPopupAtSelection(QTreeWidget* view, QMenu* popup) {
+    QPoint at(0, 0);
+    if (QTreeWidgetItem* item = view->currentItem(); item && item->isSelected())
+        at = view->visualItemRect(item).bottomLeft();
+    popup->popup(view->viewport()->mapToGlobal(at));
+}
+
+int selectedRow(const QTreeWidget* view) {
+    return selectedListEntry(view);
+}
+
+void selectRow(QTreeWidget* view, QTreeWidgetItem* item) {
+    if (!item)
+        return;
+    view->setCurrentItem(item);
+    item->setSelected(true);
+    view->scrollToItem(item);
+}
+
+QString pathText(const std::filesystem::path& path) {
+    QString text;
+    try {
+        text = QString::fromStdU16String(path.u16string());
+    } catch (const std::exception&) {
+        text = QString::fromLocal8Bit(path.string());
+    }
+    return QDir::toNativeSeparators(text);
+}
+
+} // namespace rd

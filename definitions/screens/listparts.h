@@ -1,0 +1,60 @@
+#pragma once
+// Parts the definition screens share: the category icon, labelled fields, and the mouse and keys
+// of the list screens (popup menu, Insert, Delete, Enter, the context-menu key, double-click).
+
+#include <QIcon>
+#include <QString>
+#include <filesystem>
+#include <functional>
+
+class QLabel;
+class QMenu;
+class QPushButton;
+class QTreeWidget;
+class QTreeWidgetItem;
+class QWidget;
+
+namespace rd {
+
+// The small picture that marks a category row (image-list index 1), drawn here.
+QIcon categoryIcon();
+inline constexpr int kCategoryIconIndex = 1;
+
+// Marks a list-view row as a category: the icon, normal and small.
+void markCategory(QTreeWidgetItem* item, const QIcon& icon);
+bool isCategoryRow(const QTreeWidgetItem* item);
+
+// A label named `name` with `caption`, the buddy of `buddy` (so Alt+letter and screen readers
+// find the field by it).
+QLabel* makeLabel(QWidget* parent, const char* name, const QString& caption, QWidget* buddy);
+
+// Makes a small button ("...", "?") only as wide as its caption needs in the screen's font.
+void fitToCaption(QPushButton* button);
+
+// The report-style list view of a list screen: one row per entry, whole rows selected.
+QTreeWidget* makeReportView(QWidget* parent, const char* name, const QStringList& columns);
+
+// What the keys and the mouse of a list screen run.
+struct ListCommands {
+    std::function<void()> add;    // Insert
+    std::function<void()> remove; // Delete
+    std::function<void()> edit;   // Enter, double-click
+};
+
+// Gives `view` the list screens' mouse and keys: a right-button release over the list opens
+// `popup` at the pointer, the context-menu key opens it at the selected row; Insert, Delete and
+// Enter run the commands; a double-click edits. The popup opens without blocking.
+void giveListCommands(QTreeWidget* view, QMenu* popup, ListCommands commands);
+
+// Opens `popup` at the selected row of `view` (its top left corner when none is selected).
+void openPopupAtSelection(QTreeWidget* view, QMenu* popup);
+
+// The selected row of a list view, 1-based; 0 when nothing is selected.
+int selectedRow(const QTreeWidget* view);
+// Makes `item` the selected row and shows it.
+void selectRow(QTreeWidget* view, QTreeWidgetItem* item);
+
+// A file path as the user reads it (native separators).
+QString pathText(const std::filesystem::path& path);
+
+} // namespace rd
