@@ -11,6 +11,7 @@
 #include "core/startup.h"
 #include "core/text.h"
 #include "core/workspace.h"
+#include "maps/screens/frmCustomMapEditor.h"
 #include "profiles/screens/frmMain.h"
 
 #include <QApplication>
@@ -28,9 +29,10 @@ QWidget* openFirstScreen(const rd::StartupDecision& decision, const std::filesys
     switch (decision.screen) {
     case rd::FirstScreen::GameEditor:
     case rd::FirstScreen::PluginEditor:
-    case rd::FirstScreen::CustomMaps:
     case rd::FirstScreen::MainWindow:
         break;
+    case rd::FirstScreen::CustomMaps:
+        return new rd::frmCustomMapEditor(root);
     }
     return new rd::frmMain(root);
 }

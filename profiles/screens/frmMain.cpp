@@ -8,6 +8,9 @@
 #include "core/screens/userfont.h"
 #include "core/steprunner.h"
 #include "dialogs/frmRDabout.h"
+#include "maps/screens/frmArenas.h"
+#include "maps/screens/frmCustomMapEditor.h"
+#include "models/screens/frmSex.h"
 #include "profiles/profiles.h"
 
 #include <QApplication>
@@ -72,9 +75,9 @@ frmMain::frmMain(std::filesystem::path root, QWidget* parent) : QDialog(parent),
     cmdDeleteProfile = makeButton(this, "cmdDeleteProfile", QStringLiteral("&Delete"), false);
     cmdGame = makeButton(this, "cmdGame", QStringLiteral("Edit &Game Paths"), false);
     cmdEditOptions = makeButton(this, "cmdEditOptions", QStringLiteral("Edit &Options"), false);
-    cmdCustomMaps = makeButton(this, "cmdCustomMaps", QStringLiteral("Custom &Map Lists"), false);
-    cmdEditArena = makeButton(this, "cmdEditArena", QStringLiteral("Edit Are&nas"), false);
-    cmdLadies = makeButton(this, "cmdLadies", QStringLiteral("Se&x Editor"), false);
+    cmdCustomMaps = makeButton(this, "cmdCustomMaps", QStringLiteral("Custom &Map Lists"), true);
+    cmdEditArena = makeButton(this, "cmdEditArena", QStringLiteral("Edit Are&nas"), true);
+    cmdLadies = makeButton(this, "cmdLadies", QStringLiteral("Se&x Editor"), true);
     cmdHelp = makeButton(this, "cmdHelp", QStringLiteral("&Help Index"), true);
     cmdAbout = makeButton(this, "cmdAbout", QStringLiteral("A&bout..."), true);
     cmdOK = makeButton(this, "cmdOK", QStringLiteral("&Quit"), true);
@@ -119,6 +122,9 @@ frmMain::frmMain(std::filesystem::path root, QWidget* parent) : QDialog(parent),
     connect(chkOnlyShow, &QCheckBox::clicked, this, &frmMain::chkOnlyShow_Click);
     connect(lstRecognisedBots, &QListWidget::itemClicked, this, &frmMain::lstRecognisedBots_Click);
     connect(lstRecognisedBots, &QListWidget::itemDoubleClicked, this, &frmMain::lstRecognisedBots_DblClick);
+    connect(cmdCustomMaps, &QPushButton::clicked, this, &frmMain::cmdCustomMaps_Click);
+    connect(cmdEditArena, &QPushButton::clicked, this, &frmMain::cmdEditArena_Click);
+    connect(cmdLadies, &QPushButton::clicked, this, &frmMain::cmdLadies_Click);
     connect(cmdHelp, &QPushButton::clicked, this, &frmMain::cmdHelp_Click);
     connect(cmdAbout, &QPushButton::clicked, this, &frmMain::cmdAbout_Click);
     connect(cmdOK, &QPushButton::clicked, this, &frmMain::cmdOK_Click);
@@ -184,6 +190,21 @@ void frmMain::lstRecognisedBots_Click() {
 void frmMain::lstRecognisedBots_DblClick() {
     // Double-clicking a bot does what the Edit button does.
     cmdEditBot->click();
+}
+
+void frmMain::cmdCustomMaps_Click() {
+    frmCustomMapEditor chooser(root_, this);
+    chooser.exec();
+}
+
+void frmMain::cmdEditArena_Click() {
+    frmArenas chooser(root_, this);
+    chooser.exec();
+}
+
+void frmMain::cmdLadies_Click() {
+    frmSex editor(root_, this);
+    editor.exec();
 }
 
 void frmMain::cmdHelp_Click() {

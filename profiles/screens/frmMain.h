@@ -45,6 +45,9 @@ public slots:
     void chkOnlyShow_Click();
     void lstRecognisedBots_Click();
     void lstRecognisedBots_DblClick();
+    void cmdCustomMaps_Click();
+    void cmdEditArena_Click();
+    void cmdLadies_Click();
     void cmdHelp_Click();
     void cmdAbout_Click();
     void cmdOK_Click();
