@@ -147,12 +147,15 @@ void frmAddMaps::lvMaps_ColumnClick(int column) {
 
 void frmAddMaps::txtFilter_Change() {
     const QString wanted = txtFilter->text();
+    // Rows are hidden by their number: asking a row itself whether it is hidden makes the view look
+    // the row up in its list, which for every row of a big list takes seconds.
+    const QModelIndex top;
     lvMaps->setUpdatesEnabled(false);
     for (int i = 0, n = lvMaps->topLevelItemCount(); i < n; ++i) {
-        QTreeWidgetItem* row = lvMaps->topLevelItem(i);
-        const bool hide = !wanted.isEmpty() && !row->text(0).contains(wanted, Qt::CaseInsensitive);
-        if (row->isHidden() != hide)
-            row->setHidden(hide);
+        const bool hide =
+            !wanted.isEmpty() && !lvMaps->topLevelItem(i)->text(0).contains(wanted, Qt::CaseInsensitive);
+        if (lvMaps->isRowHidden(i, top) != hide)
+            lvMaps->setRowHidden(i, top, hide);
     }
     lvMaps->setUpdatesEnabled(true);
     // A row the filter hides cannot stay chosen: Select would add a map the user does not see.
