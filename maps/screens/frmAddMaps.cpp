@@ -10,7 +10,6 @@
 
 #include <QEvent>
 #include <QHBoxLayout>
-#include <QHash>
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QLabel>
@@ -94,18 +93,18 @@ void frmAddMaps::Form_Load() {
         showMessage(this, fromBytes(catalogue.message), PromptIcon::Exclamation);
         return;
     }
-    // One batch: the rows made first, then handed to the view at once. The sources repeat, so
-    // each is converted once and shared.
-    QHash<QByteArray, QString> sources;
+    // One batch: the rows made first, then handed to the view at once. The rows of one archive
+    // follow each other, so each source is converted once and its text shared.
     QList<QTreeWidgetItem*> rows;
     rows.reserve(static_cast<qsizetype>(catalogue.rows.size()));
+    const std::string* lastSource = nullptr;
+    QString source;
     for (const CatalogueRow& row : catalogue.rows) {
-        const QByteArray key =
-            QByteArray::fromRawData(row.source.data(), static_cast<qsizetype>(row.source.size()));
-        auto found = sources.find(key);
-        if (found == sources.end())
-            found = sources.insert(QByteArray(key), fromBytes(row.source));
-        rows.append(newMapRow(fromBytes(row.name), found.value()));
+        if (!lastSource || *lastSource != row.source) {
+            source = fromBytes(row.source);
+            lastSource = &row.source;
+        }
+        rows.append(newMapRow(fromBytes(row.name), source));
     }
     lvMaps->setUpdatesEnabled(false);
     lvMaps->addTopLevelItems(rows);
