@@ -16,13 +16,22 @@ public:
         setText(1, second);
     }
 
+    // The sorted column's text folded to one case, set for every row just before a sort, so each
+    // of the many comparisons of a sort compares two ready texts.
+    QString sortKey;
+
     bool operator<(const QTreeWidgetItem& other) const override {
+        if (other.type() == UserType) {
+            const auto& theirs = static_cast<const MapRowItem&>(other);
+            if (sortKey != theirs.sortKey)
+                return sortKey < theirs.sortKey;
+        }
         const QTreeWidget* view = treeWidget();
         const int column = view ? view->sortColumn() : 0;
         const QString mine = text(column);
-        const QString theirs = other.text(column);
-        const int noCase = mine.compare(theirs, Qt::CaseInsensitive);
-        return noCase != 0 ? noCase < 0 : mine < theirs;
+        const QString others = other.text(column);
+        const int noCase = mine.compare(others, Qt::CaseInsensitive);
+        return noCase != 0 ? noCase < 0 : mine < others;
     }
 };
 
@@ -65,6 +74,11 @@ QTreeWidgetItem* addMapRowBelowSelection(QTreeWidget* view, const QString& name,
 }
 
 void sortMapList(QTreeWidget* view, int column, Qt::SortOrder order) {
+    for (int i = 0, n = view->topLevelItemCount(); i < n; ++i) {
+        QTreeWidgetItem* row = view->topLevelItem(i);
+        if (row->type() == QTreeWidgetItem::UserType)
+            static_cast<MapRowItem*>(row)->sortKey = row->text(column).toCaseFolded();
+    }
     view->sortItems(column, order);
     view->header()->setSortIndicatorShown(true);
     view->header()->setSortIndicator(column, order);
