@@ -16,6 +16,7 @@
 #include "core/text.h"
 #include "core/workspace.h"
 #include "games/screens/frmEditGame.h"
+#include "maps/screens/frmCustomMapEditor.h"
 #include "profiles/screens/frmMain.h"
 
 #include <QApplication>
@@ -71,9 +72,10 @@ QWidget* openFirstScreen(const rd::StartupDecision& decision, const std::filesys
         // Modeless; without a record it says so and closes at once, which ends the program.
         return new rd::frmEditGame(root, decision.argument);
     case rd::FirstScreen::PluginEditor:
-    case rd::FirstScreen::CustomMaps:
     case rd::FirstScreen::MainWindow:
         break;
+    case rd::FirstScreen::CustomMaps:
+        return new rd::frmCustomMapEditor(root);
     }
     return new rd::frmMain(root);
 }

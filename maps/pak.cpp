@@ -10,6 +10,7 @@
 #include <cstdint>
 #include <cstdio>
 #include <memory>
+#include <system_error>
 
 namespace rd {
 
@@ -79,6 +80,11 @@ bool ScanPak(const fs::path& pakPath, std::vector<std::string>& target, bool map
     if (!fileExists(pakPath))
         return false;
     const fs::path resolved = resolvePath(pakPath.parent_path(), nameOf(pakPath));
+    // Only a plain file is read: a pipe or a device named like an archive would keep the open (or
+    // the reading) waiting for ever.
+    std::error_code ec;
+    if (!fs::is_regular_file(resolved, ec))
+        return false;
     std::unique_ptr<std::FILE, FileCloser> file(std::fopen(resolved.c_str(), "rb"));
     if (!file)
         return false;

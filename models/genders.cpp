@@ -11,10 +11,14 @@ namespace rd {
 
 namespace fs = std::filesystem;
 
+fs::path genderRecordPath(const fs::path& root, std::string_view game) {
+    return resolvePath(resolvePath(gamePathsFolder(root), game), std::string(game) + ".gme");
+}
+
 ModelGenders LoadModelGenders(const fs::path& root, std::string_view game) {
     ModelGenders genders;
     const fs::path folder = resolvePath(gamePathsFolder(root), game);
-    genders.saveTarget = resolvePath(folder, std::string(game) + ".gme");
+    genders.saveTarget = genderRecordPath(root, game);
 
     std::string models;
     {

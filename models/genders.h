@@ -24,6 +24,10 @@ struct ModelGenders {
     bool noModelsFolder = false; // the caller shows kNoModelsFolder
 };
 
+// The game's record as the model gender editor names it: <game>.gme (found whatever its case).
+// It is the save target until the models folder is known.
+std::filesystem::path genderRecordPath(const std::filesystem::path& root, std::string_view game);
+
 // Loads the male and female lists of a game. Raises when the record or Female.cfg cannot be
 // read (the caller's error trap reports it); `saveTarget` is set before anything is read.
 ModelGenders LoadModelGenders(const std::filesystem::path& root, std::string_view game);

@@ -10,6 +10,9 @@
 #include "definitions/screens/frmEditing.h"
 #include "dialogs/frmRDabout.h"
 #include "games/screens/frmGame.h"
+#include "maps/screens/frmArenas.h"
+#include "maps/screens/frmCustomMapEditor.h"
+#include "models/screens/frmSex.h"
 #include "profiles/profiles.h"
 
 #include <QApplication>
@@ -74,9 +77,9 @@ frmMain::frmMain(std::filesystem::path root, QWidget* parent) : QDialog(parent),
     cmdDeleteProfile = makeButton(this, "cmdDeleteProfile", QStringLiteral("&Delete"), false);
     cmdGame = makeButton(this, "cmdGame", QStringLiteral("Edit &Game Paths"), true);
     cmdEditOptions = makeButton(this, "cmdEditOptions", QStringLiteral("Edit &Options"), true);
-    cmdCustomMaps = makeButton(this, "cmdCustomMaps", QStringLiteral("Custom &Map Lists"), false);
-    cmdEditArena = makeButton(this, "cmdEditArena", QStringLiteral("Edit Are&nas"), false);
-    cmdLadies = makeButton(this, "cmdLadies", QStringLiteral("Se&x Editor"), false);
+    cmdCustomMaps = makeButton(this, "cmdCustomMaps", QStringLiteral("Custom &Map Lists"), true);
+    cmdEditArena = makeButton(this, "cmdEditArena", QStringLiteral("Edit Are&nas"), true);
+    cmdLadies = makeButton(this, "cmdLadies", QStringLiteral("Se&x Editor"), true);
     cmdHelp = makeButton(this, "cmdHelp", QStringLiteral("&Help Index"), true);
     cmdAbout = makeButton(this, "cmdAbout", QStringLiteral("A&bout..."), true);
     cmdOK = makeButton(this, "cmdOK", QStringLiteral("&Quit"), true);
@@ -123,6 +126,9 @@ frmMain::frmMain(std::filesystem::path root, QWidget* parent) : QDialog(parent),
     connect(lstRecognisedBots, &QListWidget::itemDoubleClicked, this, &frmMain::lstRecognisedBots_DblClick);
     connect(cmdGame, &QPushButton::clicked, this, &frmMain::cmdGame_Click);
     connect(cmdEditOptions, &QPushButton::clicked, this, &frmMain::cmdEditOptions_Click);
+    connect(cmdCustomMaps, &QPushButton::clicked, this, &frmMain::cmdCustomMaps_Click);
+    connect(cmdEditArena, &QPushButton::clicked, this, &frmMain::cmdEditArena_Click);
+    connect(cmdLadies, &QPushButton::clicked, this, &frmMain::cmdLadies_Click);
     connect(cmdHelp, &QPushButton::clicked, this, &frmMain::cmdHelp_Click);
     connect(cmdAbout, &QPushButton::clicked, this, &frmMain::cmdAbout_Click);
     connect(cmdOK, &QPushButton::clicked, this, &frmMain::cmdOK_Click);
@@ -197,6 +203,21 @@ void frmMain::cmdGame_Click() {
 void frmMain::cmdEditOptions_Click() {
     frmEditing chooser(root_, this);
     chooser.exec();
+}
+
+void frmMain::cmdCustomMaps_Click() {
+    frmCustomMapEditor chooser(root_, this);
+    chooser.exec();
+}
+
+void frmMain::cmdEditArena_Click() {
+    frmArenas chooser(root_, this);
+    chooser.exec();
+}
+
+void frmMain::cmdLadies_Click() {
+    frmSex editor(root_, this);
+    editor.exec();
 }
 
 void frmMain::cmdHelp_Click() {

@@ -47,6 +47,9 @@ public slots:
     void lstRecognisedBots_DblClick();
     void cmdGame_Click();
     void cmdEditOptions_Click();
+    void cmdCustomMaps_Click();
+    void cmdEditArena_Click();
+    void cmdLadies_Click();
     void cmdHelp_Click();
     void cmdAbout_Click();
     void cmdOK_Click();

@@ -67,7 +67,10 @@ TEST(Program, QuotedFontNameAcrossArgumentsIsJoinedBackTogether) {
 
 TEST(Program, CustomMapsWordRoutesToTheCustomMapsEditor) {
     TempWorkspace ws;
-    EXPECT_EQ(start(ws, {"/CustomMaps"})["route"], "CustomMaps");
+    ws.folder("Game-Paths/Quake2"); // with no game the chooser would say so and close itself
+    auto report = start(ws, {"/CustomMaps"});
+    EXPECT_EQ(report["route"], "CustomMaps");
+    EXPECT_EQ(report["screen"], "frmCustomMapEditor");
     EXPECT_EQ(start(ws, {"Custom", "Maps"})["route"], "MainWindow");
 }
 

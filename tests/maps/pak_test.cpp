@@ -4,6 +4,7 @@
 #include "tests/support/workspace_data.h"
 
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
 namespace rd {
 namespace {
@@ -142,6 +143,15 @@ TEST(PakScan, FolderIsNotAnArchive) {
     ws.folder("pak0.pak");
     std::vector<std::string> names;
     EXPECT_FALSE(ScanPak(ws.path("pak0.pak"), names, true));
+    EXPECT_TRUE(names.empty());
+}
+
+TEST(PakScan, APipeNamedLikeAnArchiveIsNotReadAndDoesNotWait) {
+    TempWorkspace ws;
+    ws.folder("q2");
+    ASSERT_EQ(::mkfifo(ws.path("q2/pak0.pak").c_str(), 0600), 0);
+    std::vector<std::string> names;
+    EXPECT_FALSE(ScanPak(ws.path("q2/pak0.pak"), names, true));
     EXPECT_TRUE(names.empty());
 }
 

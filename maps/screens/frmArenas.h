@@ -1,0 +1,25 @@
+#pragma once
+// The arena file chooser: the games, the maps of the chosen game that have arena files, and the
+// commands that create, edit, rename and delete those files.
+
+#include "maps/screens/gamefilechooser.h"
+
+namespace rd {
+
+class frmArenas : public GameFileChooser {
+    Q_OBJECT
+public:
+    explicit frmArenas(std::filesystem::path root, QWidget* parent = nullptr);
+
+protected:
+    std::vector<std::string> listNames(const std::string& game) const override;
+    NewFileOutcome createName(const std::string& game, const std::string& name) const override;
+    RenameOutcome renameName(const std::string& game, const std::string& oldName,
+                             const std::string& newName) const override;
+    void deleteName(const std::string& game, const std::string& name) const override;
+    std::filesystem::path pathOf(const std::string& game, const std::string& name) const override;
+    void openEditor(const std::string& game, const std::string& name,
+                    const std::filesystem::path& path) override;
+};
+
+} // namespace rd

@@ -1,0 +1,67 @@
+// Start-up on the word CustomMaps: the map category chooser is the first screen.
+#include "tests/support/process_data.h"
+#include "tests/support/workspace_data.h"
+
+#include <gtest/gtest.h>
+#include <map>
+#include <string>
+#include <vector>
+
+using rd::test::ProgramRun;
+using rd::test::runProgram;
+using rd::test::TempWorkspace;
+
+namespace {
+
+// Starts rosterdesk offscreen on a workspace with one game; returns its start-up report.
+std::map<std::string, std::string> start(const std::vector<std::string>& args) {
+    TempWorkspace ws;
+    ws.writeLines("Game-Paths/Quake2/Quake2.Gme", {"c:\\quake2\\"});
+    const ProgramRun r = runProgram(ROSTERDESK_EXE, args,
+                                    {{"ROSTERDESK_ROOT", ws.root().string()},
+                                     {"QT_QPA_PLATFORM", "offscreen"},
+                                     {"ROSTERDESK_REPORT_START", "1"}});
+    EXPECT_EQ(r.status, 0) << r.err;
+    std::map<std::string, std::string> report;
+    std::size_t pos = 0;
+    while (pos < r.out.size()) {
+        const std::size_t end = r.out.find('\n', pos);
+        const std::string line = r.out.substr(pos, end - pos);
+        if (const std::size_t eq = line.find('='); eq != std::string::npos)
+            report[line.substr(0, eq)] = line.substr(eq + 1);
+        pos = end == std::string::npos ? r.out.size() : end + 1;
+    }
+    return report;
+}
+
+} // namespace
+
+TEST(MapsStartup, CustomMapsOpensTheCategoryChooserFirst) {
+    auto report = start({"CustomMaps"});
+    EXPECT_EQ(report["route"], "CustomMaps");
+    EXPECT_EQ(report["screen"], "frmCustomMapEditor");
+}
+
+TEST(MapsStartup, TheWordIsFoundWithoutRegardToCase) {
+    auto report = start({"customMAPS"});
+    EXPECT_EQ(report["route"], "CustomMaps");
+    EXPECT_EQ(report["screen"], "frmCustomMapEditor");
+}
+
+TEST(MapsStartup, TheWordIsFoundInsideALongerWord) {
+    auto report = start({"/CustomMaps"});
+    EXPECT_EQ(report["route"], "CustomMaps");
+    EXPECT_EQ(report["screen"], "frmCustomMapEditor");
+}
+
+TEST(MapsStartup, CustomMapsWithAFontSizeAppliesIt) {
+    auto report = start({"FONTSIZE=12", "CustomMaps"});
+    EXPECT_EQ(report["screen"], "frmCustomMapEditor");
+    EXPECT_EQ(report["fontSize"], "12");
+}
+
+TEST(MapsStartup, CustomSpaceMapsOpensTheMainWindow) {
+    auto report = start({"Custom", "Maps"});
+    EXPECT_EQ(report["route"], "MainWindow");
+    EXPECT_EQ(report["screen"], "frmMain");
+}
