@@ -2,13 +2,18 @@
 
 #include "core/screens/controls.h"
 #include "core/screens/errortrap.h"
+#include "core/screens/fatalerror.h"
 #include "core/screens/help.h"
 #include "core/screens/prompts.h"
 #include "core/screens/qtext.h"
 #include "core/screens/userfont.h"
 #include "core/steprunner.h"
+#include "core/workspace.h"
 #include "dialogs/frmRDabout.h"
+#include "plugins/screens/frmEditPlugInSetup.h"
+#include "profiles/botcommands.h"
 #include "profiles/profiles.h"
+#include "profiles/screens/frmAddBot.h"
 
 #include <QApplication>
 #include <QCheckBox>
@@ -18,7 +23,9 @@
 #include <QLabel>
 #include <QListWidget>
 #include <QPushButton>
+#include <QSignalBlocker>
 #include <QVBoxLayout>
+#include <exception>
 #include <optional>
 #include <string>
 #include <vector>
@@ -37,6 +44,13 @@ public:
     WaitCursor(const WaitCursor&) = delete;
     WaitCursor& operator=(const WaitCursor&) = delete;
 };
+
+// The selected entry of a single-selection list, or null when nothing is selected (an entry
+// that only has the focus frame is not selected).
+QListWidgetItem* selectedEntry(const QListWidget* list) {
+    const QList<QListWidgetItem*> selected = list->selectedItems();
+    return selected.isEmpty() ? nullptr : selected.first();
+}
 
 } // namespace
 
@@ -64,12 +78,12 @@ frmMain::frmMain(std::filesystem::path root, QWidget* parent) : QDialog(parent),
     chkOnlyShow = new QCheckBox(QStringLiteral("Show profiles for selected bot only"), this);
     chkOnlyShow->setObjectName(QStringLiteral("chkOnlyShow"));
 
+    cmdAddBot = makeButton(this, "cmdAddBot", QStringLiteral("&Add"));
+    cmdEditBot = makeButton(this, "cmdEditBot", QStringLiteral("&Edit"));
+    cmdDeleteBot = makeButton(this, "cmdDeleteBot", QStringLiteral("De&lete"));
+    cmdRename = makeButton(this, "cmdRename", QStringLiteral("&Rename"));
+    cmdDeleteProfile = makeButton(this, "cmdDeleteProfile", QStringLiteral("&Delete"));
     // Buttons whose editors are not part of the program yet stay disabled.
-    cmdAddBot = makeButton(this, "cmdAddBot", QStringLiteral("&Add"), false);
-    cmdEditBot = makeButton(this, "cmdEditBot", QStringLiteral("&Edit"), false);
-    cmdDeleteBot = makeButton(this, "cmdDeleteBot", QStringLiteral("De&lete"), false);
-    cmdRename = makeButton(this, "cmdRename", QStringLiteral("&Rename"), false);
-    cmdDeleteProfile = makeButton(this, "cmdDeleteProfile", QStringLiteral("&Delete"), false);
     cmdGame = makeButton(this, "cmdGame", QStringLiteral("Edit &Game Paths"), false);
     cmdEditOptions = makeButton(this, "cmdEditOptions", QStringLiteral("Edit &Options"), false);
     cmdCustomMaps = makeButton(this, "cmdCustomMaps", QStringLiteral("Custom &Map Lists"), false);
@@ -117,8 +131,15 @@ frmMain::frmMain(std::filesystem::path root, QWidget* parent) : QDialog(parent),
     top->addLayout(editors);
 
     connect(chkOnlyShow, &QCheckBox::clicked, this, &frmMain::chkOnlyShow_Click);
-    connect(lstRecognisedBots, &QListWidget::itemClicked, this, &frmMain::lstRecognisedBots_Click);
+    // The bots list's Click is any change of its selection, by mouse or keyboard. (The current
+    // row changes before a mouse click selects the entry, so the selection is what is followed.)
+    connect(lstRecognisedBots, &QListWidget::itemSelectionChanged, this, &frmMain::lstRecognisedBots_Click);
     connect(lstRecognisedBots, &QListWidget::itemDoubleClicked, this, &frmMain::lstRecognisedBots_DblClick);
+    connect(cmdAddBot, &QPushButton::clicked, this, &frmMain::cmdAddBot_Click);
+    connect(cmdEditBot, &QPushButton::clicked, this, &frmMain::cmdEditBot_Click);
+    connect(cmdDeleteBot, &QPushButton::clicked, this, &frmMain::cmdDeleteBot_Click);
+    connect(cmdRename, &QPushButton::clicked, this, &frmMain::cmdRename_Click);
+    connect(cmdDeleteProfile, &QPushButton::clicked, this, &frmMain::cmdDeleteProfile_Click);
     connect(cmdHelp, &QPushButton::clicked, this, &frmMain::cmdHelp_Click);
     connect(cmdAbout, &QPushButton::clicked, this, &frmMain::cmdAbout_Click);
     connect(cmdOK, &QPushButton::clicked, this, &frmMain::cmdOK_Click);
@@ -137,8 +158,13 @@ void frmMain::Form_Load() {
     trap.step([this] { GetProfileList(); });
     std::vector<std::string> bots;
     trap.step([&] { bots = listPluginBots(root_); });
-    for (const auto& bot : bots)
-        trap.step([&] { lstRecognisedBots->addItem(fromBytes(bot)); });
+    trap.step([&] {
+        // One batch: a long list is not laid out again for every entry.
+        const QSignalBlocker quiet(lstRecognisedBots);
+        lstRecognisedBots->setUpdatesEnabled(false);
+        lstRecognisedBots->addItems(fromBytesList(bots));
+        lstRecognisedBots->setUpdatesEnabled(true);
+    });
 }
 
 void frmMain::GetProfileList() {
@@ -152,19 +178,25 @@ void frmMain::GetProfileList() {
 
     const bool onlyShow = chkOnlyShow->isChecked();
     std::optional<std::string> selectedBot;
-    if (QListWidgetItem* bot = lstRecognisedBots->currentItem(); bot && bot->isSelected())
+    if (QListWidgetItem* bot = selectedEntry(lstRecognisedBots))
         selectedBot = toBytes(bot->text());
     const auto reportOwnerError = [this](const std::string& description) {
         reportFailure(this, QStringLiteral("Loading Config File"), description,
                       QStringLiteral("Oh Lord, we have some problems..."));
     };
+    QStringList shown;
     for (const auto& name : names) {
         trap.step([&] {
             if (profileShown(onlyShow, selectedBot,
                              [&] { return ReadProfileOwner(root_, name, reportOwnerError); }))
-                lstProfiles->addItem(fromBytes(name));
+                shown.append(fromBytes(name));
         });
     }
+    trap.step([&] {
+        lstProfiles->setUpdatesEnabled(false);
+        lstProfiles->addItems(shown);
+        lstProfiles->setUpdatesEnabled(true);
+    });
     trap.step([&] {
         if (lstProfiles->count() > 0)
             lstProfiles->setCurrentRow(0);
@@ -184,6 +216,72 @@ void frmMain::lstRecognisedBots_Click() {
 void frmMain::lstRecognisedBots_DblClick() {
     // Double-clicking a bot does what the Edit button does.
     cmdEditBot->click();
+}
+
+void frmMain::cmdAddBot_Click() {
+    AddBotDialog(this, root_, lstRecognisedBots);
+}
+
+void frmMain::cmdEditBot_Click() {
+    QListWidgetItem* bot = selectedEntry(lstRecognisedBots);
+    if (!bot)
+        return;
+    EditPlugInSetup(this, root_, toBytes(bot->text()));
+}
+
+// Delete bot, rename profile and delete profile have no error trap: a failure ends the program.
+void frmMain::cmdDeleteBot_Click() {
+    QListWidgetItem* bot = selectedEntry(lstRecognisedBots);
+    if (!bot)
+        return;
+    if (showMessage(this, fromBytes(kDeleteBotQuestion), PromptIcon::Exclamation, bot->text(),
+                    PromptButtons::YesNoCancel) != PromptAnswer::Yes)
+        return;
+    try {
+        DeleteBot(root_, toBytes(bot->text()));
+    } catch (const std::exception& e) {
+        fatalError(this, e.what());
+    }
+    // Taking the entry away is no click on the list: the profile list stays as it is.
+    const QSignalBlocker quiet(lstRecognisedBots);
+    delete lstRecognisedBots->takeItem(lstRecognisedBots->row(bot));
+    lstRecognisedBots->clearSelection();
+}
+
+void frmMain::cmdRename_Click() {
+    QListWidgetItem* profile = selectedEntry(lstProfiles);
+    if (!profile)
+        return;
+    const std::optional<QString> answer =
+        askInput(this, fromBytes(kRenameProfilePrompt), fromBytes(kRenameProfileTitle), profile->text());
+    if (!answer || answer->isEmpty())
+        return;
+    const std::string newName = toBytes(*answer);
+    if (const auto refusal = refuseNewName(newName)) {
+        showMessage(this, fromBytes(*refusal), PromptIcon::Exclamation);
+        return;
+    }
+    try {
+        RenameProfile(root_, toBytes(profile->text()), newName);
+    } catch (const std::exception& e) {
+        fatalError(this, e.what());
+    }
+    profile->setText(*answer);
+}
+
+void frmMain::cmdDeleteProfile_Click() {
+    QListWidgetItem* profile = selectedEntry(lstProfiles);
+    if (!profile)
+        return;
+    if (showMessage(this, fromBytes(kDeleteProfileQuestion), PromptIcon::Exclamation, profile->text(),
+                    PromptButtons::YesNoCancel) != PromptAnswer::Yes)
+        return;
+    try {
+        DeleteProfile(root_, toBytes(profile->text()));
+    } catch (const std::exception& e) {
+        fatalError(this, e.what());
+    }
+    delete lstProfiles->takeItem(lstProfiles->row(profile));
 }
 
 void frmMain::cmdHelp_Click() {
