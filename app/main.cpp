@@ -1,20 +1,25 @@
 // The rosterdesk program: reads the command line once, records the user font, points at the
 // help file and shows exactly one first screen. The program ends when the last screen closes.
 //
-// Two environment variables serve scripts and tests (the command line belongs to the launcher):
+// Environment variables serve scripts and tests (the command line belongs to the launcher):
 //   ROSTERDESK_SCREENSHOT=<file>  save a picture of the first screen, then quit;
-//   ROSTERDESK_REPORT_START=1     print the start-up decision and the first screen, then quit.
+//   ROSTERDESK_REPORT_START=1     print the start-up decision and the first screen, then quit;
+//   ROSTERDESK_PROMPTS=print      print every message and input box instead of showing it and
+//                                 answer it from a script (see core/screens/scriptedprompts.h).
 
 #include "core/screens/help.h"
 #include "core/screens/qtext.h"
+#include "core/screens/scriptedprompts.h"
 #include "core/screens/userfont.h"
 #include "core/startup.h"
 #include "core/text.h"
 #include "core/workspace.h"
+#include "plugins/screens/frmEditPlugInSetup.h"
 #include "profiles/screens/frmMain.h"
 
 #include <QApplication>
 #include <QPixmap>
+#include <QPointer>
 #include <QTimer>
 #include <QWidget>
 #include <cstdio>
@@ -26,8 +31,10 @@ namespace {
 // The screen a route opens. Editors that are not part of the program yet open the main window.
 QWidget* openFirstScreen(const rd::StartupDecision& decision, const std::filesystem::path& root) {
     switch (decision.screen) {
-    case rd::FirstScreen::GameEditor:
     case rd::FirstScreen::PluginEditor:
+        // Modeless; when the bot has no folder it says so and closes itself, ending the program.
+        return new rd::frmEditPlugInSetup(root, decision.argument);
+    case rd::FirstScreen::GameEditor:
     case rd::FirstScreen::CustomMaps:
     case rd::FirstScreen::MainWindow:
         break;
@@ -49,16 +56,19 @@ int main(int argc, char** argv) {
     rd::setUserFont(rd::UserFont{decision.fontSize, decision.fontName});
     app.setProperty("helpFile", QString::fromStdString(rd::helpFilePath(root).string()));
     rd::installHelpKey(&app);
+    rd::installScriptedPromptsFromEnvironment();
 
     QWidget* first = openFirstScreen(decision, root);
     first->setAttribute(Qt::WA_DeleteOnClose);
     first->show();
+    // The first screen may close itself (and be deleted) before the report below runs.
+    const QString firstName = first->objectName();
 
     if (const char* report = std::getenv("ROSTERDESK_REPORT_START"); report && *report) {
         QTimer::singleShot(0, [&] {
             std::printf("route=%s\nargument=%s\nscreen=%s\nfontSize=%d\nfontName=%s\n",
                         rd::firstScreenName(decision.screen), rd::cp1252ToUtf8(decision.argument).c_str(),
-                        first->objectName().toUtf8().constData(), decision.fontSize,
+                        firstName.toUtf8().constData(), decision.fontSize,
                         rd::cp1252ToUtf8(decision.fontName).c_str());
             std::fflush(stdout);
             QApplication::quit();
@@ -66,8 +76,8 @@ int main(int argc, char** argv) {
     }
     if (const char* shot = std::getenv("ROSTERDESK_SCREENSHOT"); shot && *shot) {
         const QString file = QString::fromLocal8Bit(shot);
-        QTimer::singleShot(800, [first, file] {
-            const bool saved = first->grab().save(file);
+        QTimer::singleShot(800, [first = QPointer<QWidget>(first), file] {
+            const bool saved = first && first->grab().save(file);
             std::printf(saved ? "Screenshot of the first screen saved to %s\n"
                               : "Could not save a screenshot to %s\n",
                         file.toLocal8Bit().constData());
