@@ -13,6 +13,7 @@
 #include "core/text.h"
 #include "core/workspace.h"
 #include "games/gamelist.h"
+#include "games/screens/frmEditGame.h"
 #include "plugins/screens/frmEditAutoWiz.h"
 #include "plugins/setupfiles.h"
 
@@ -520,7 +521,8 @@ void frmEditPlugInSetup::cmdAutoWiz_Click() {
 }
 
 void frmEditPlugInSetup::cmdEditGame_Click() {
-    // The game editor is opened for the name in the box (see the games subsystem).
+    // The game named in the box, whether chosen from the list or typed.
+    EditGame(this, root_, toBytes(cboGame->currentText()));
 }
 
 void frmEditPlugInSetup::cmdAddChat_Click() {

@@ -10,6 +10,7 @@
 #include "core/steprunner.h"
 #include "core/workspace.h"
 #include "dialogs/frmRDabout.h"
+#include "games/screens/frmGame.h"
 #include "plugins/screens/frmEditPlugInSetup.h"
 #include "profiles/botcommands.h"
 #include "profiles/profiles.h"
@@ -84,7 +85,7 @@ frmMain::frmMain(std::filesystem::path root, QWidget* parent) : QDialog(parent),
     cmdRename = makeButton(this, "cmdRename", QStringLiteral("&Rename"));
     cmdDeleteProfile = makeButton(this, "cmdDeleteProfile", QStringLiteral("&Delete"));
     // Buttons whose editors are not part of the program yet stay disabled.
-    cmdGame = makeButton(this, "cmdGame", QStringLiteral("Edit &Game Paths"), false);
+    cmdGame = makeButton(this, "cmdGame", QStringLiteral("Edit &Game Paths"));
     cmdEditOptions = makeButton(this, "cmdEditOptions", QStringLiteral("Edit &Options"), false);
     cmdCustomMaps = makeButton(this, "cmdCustomMaps", QStringLiteral("Custom &Map Lists"), false);
     cmdEditArena = makeButton(this, "cmdEditArena", QStringLiteral("Edit Are&nas"), false);
@@ -140,6 +141,7 @@ frmMain::frmMain(std::filesystem::path root, QWidget* parent) : QDialog(parent),
     connect(cmdDeleteBot, &QPushButton::clicked, this, &frmMain::cmdDeleteBot_Click);
     connect(cmdRename, &QPushButton::clicked, this, &frmMain::cmdRename_Click);
     connect(cmdDeleteProfile, &QPushButton::clicked, this, &frmMain::cmdDeleteProfile_Click);
+    connect(cmdGame, &QPushButton::clicked, this, &frmMain::cmdGame_Click);
     connect(cmdHelp, &QPushButton::clicked, this, &frmMain::cmdHelp_Click);
     connect(cmdAbout, &QPushButton::clicked, this, &frmMain::cmdAbout_Click);
     connect(cmdOK, &QPushButton::clicked, this, &frmMain::cmdOK_Click);
@@ -282,6 +284,10 @@ void frmMain::cmdDeleteProfile_Click() {
         fatalError(this, e.what());
     }
     delete lstProfiles->takeItem(lstProfiles->row(profile));
+}
+
+void frmMain::cmdGame_Click() {
+    EditGamePaths(this, root_);
 }
 
 void frmMain::cmdHelp_Click() {

@@ -50,6 +50,7 @@ public slots:
     void cmdDeleteBot_Click();
     void cmdRename_Click();
     void cmdDeleteProfile_Click();
+    void cmdGame_Click();
     void cmdHelp_Click();
     void cmdAbout_Click();
     void cmdOK_Click();

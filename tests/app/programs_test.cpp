@@ -49,12 +49,12 @@ TEST(Program, EmptyCommandLineShowsTheMainWindow) {
 
 TEST(Program, GameOnTheCommandLineRoutesToTheGameEditor) {
     TempWorkspace ws;
+    ws.writeLines("Game-Paths/Quake2/Quake2.Gme", {"c:\\quake2\\"});
     auto report = start(ws, {"game=Quake2", "FONTSIZE=10.5"});
     EXPECT_EQ(report["route"], "GameEditor");
     EXPECT_EQ(report["argument"], "Quake2");
     EXPECT_EQ(report["fontSize"], "10");
-    // Until the game editor is part of the program, its route opens the main window.
-    EXPECT_EQ(report["screen"], "frmMain");
+    EXPECT_EQ(report["screen"], "frmEditGame");
 }
 
 TEST(Program, QuotedFontNameAcrossArgumentsIsJoinedBackTogether) {

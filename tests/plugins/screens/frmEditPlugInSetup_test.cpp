@@ -570,7 +570,8 @@ TEST(PlugInSetupEditor, LeavingTheStartSkillBoxWithTextThatIsNoNumberMakesItZero
     QTest::keyClick(f.txtStartSkill, Qt::Key_Tab);
     EXPECT_EQ(f.txtStartSkill->text(), QString("0"));
     retype(f.txtStartSkill, "2");
-    QTest::mouseClick(f.cmdAddSkill, Qt::LeftButton); // focus moves to the button (input cancelled)
+    PromptRecorder prompts;                           // the input box the button opens is cancelled
+    QTest::mouseClick(f.cmdAddSkill, Qt::LeftButton); // focus moves to the button
     EXPECT_EQ(f.txtStartSkill->text(), QString("2"));
 }
 
@@ -734,4 +735,42 @@ TEST(PlugInSetupEditor, AutoExecWizardButtonOpensTheWizardEditorForThisBot) {
     EXPECT_TRUE(driver.acted());
     EXPECT_EQ(opened, QString("frmEditAutoWiz"));
     EXPECT_EQ(caption, QString("Eraser : Editing AutoExec Wizard Commands"));
+}
+
+TEST(PlugInSetupEditor, EditBesideTheGameOpensTheGameEditorForTheGameInTheBox) {
+    TempWorkspace ws;
+    fillBot(ws);
+    ws.writeLines("Game-Paths/LanParty/LanParty.Gme", {"c:\\lan\\", "c:\\lan\\baseq2\\maps\\", "quake2.exe"});
+    Editor e(ws);
+    auto& f = e.form;
+    f.cboGame->setCurrentIndex(f.cboGame->findText("LanParty"));
+    QString opened, game;
+    ModalDriver driver([&](QDialog* dialog) {
+        opened = dialog->objectName();
+        if (auto* name = dialog->findChild<QLabel*>("lblGameName"))
+            game = name->text();
+        dialog->reject();
+    });
+    QTest::mouseClick(f.cmdEditGame, Qt::LeftButton);
+    EXPECT_TRUE(driver.acted());
+    EXPECT_EQ(opened, QString("frmEditGame"));
+    EXPECT_EQ(game, QString("LanParty"));
+}
+
+TEST(PlugInSetupEditor, EditBesideATypedGameWithoutARecordReportsItAndChangesNothing) {
+    TempWorkspace ws;
+    fillBot(ws);
+    const auto before = snapshot(ws);
+    Editor e(ws);
+    auto& f = e.form;
+    f.cboGame->setFocus();
+    f.cboGame->lineEdit()->selectAll();
+    QTest::keyClicks(f.cboGame->lineEdit(), "Quake3");
+    PromptRecorder prompts;
+    QTest::mouseClick(f.cmdEditGame, Qt::LeftButton);
+    ASSERT_EQ(prompts.calls().size(), 1u);
+    EXPECT_TRUE(prompts.last().text.endsWith(" - not found")) << prompts.last().text.toStdString();
+    EXPECT_TRUE(prompts.last().text.contains("Quake3"));
+    EXPECT_TRUE(f.isVisible());
+    EXPECT_EQ(snapshot(ws), before);
 }

@@ -1,9 +1,9 @@
 #pragma once
-// Prompts for runs with no one at the screen (scripts and end-to-end tests of the built
-// programs): every message box and input box is written to standard output instead of being
-// shown, and answered from a script.
+// Prompts for test programs run as child processes (the main window driver): every message box
+// and input box is written to standard output instead of being shown, and answered from a
+// script.
 //
-// The program installs them when the environment variable ROSTERDESK_PROMPTS is "print":
+// installScriptedPromptsFromEnvironment installs them when ROSTERDESK_PROMPTS is "print":
 //   ROSTERDESK_ANSWERS  answers to message boxes in order, separated by ';' (Ok, Cancel, Yes, No,
 //                       Abort, Retry, Ignore); once used up a box answers with its escape button
 //                       (Ok, Cancel, No or Abort), so an unscripted question never deletes anything;
@@ -20,7 +20,7 @@
 #include <QStringList>
 #include <deque>
 
-namespace rd {
+namespace rd::test {
 
 class ScriptedPrompts : public Prompts {
 public:
@@ -40,4 +40,4 @@ private:
 // Returns whether it did.
 bool installScriptedPromptsFromEnvironment();
 
-} // namespace rd
+} // namespace rd::test

@@ -1,10 +1,10 @@
-#include "core/screens/scriptedprompts.h"
+#include "tests/support/scriptedprompts_screens.h"
 
 #include <QByteArray>
 #include <cstdio>
 #include <cstdlib>
 
-namespace rd {
+namespace rd::test {
 
 namespace {
 
@@ -151,4 +151,4 @@ bool installScriptedPromptsFromEnvironment() {
     return true;
 }
 
-} // namespace rd
+} // namespace rd::test

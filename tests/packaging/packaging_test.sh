@@ -1,0 +1,60 @@
+#!/usr/bin/env bash
+# Checks that RosterDesk installs like a desktop program. Usage:
+#   packaging_test.sh SOURCE_DIR BUILD_DIR CHECK
+# CHECK is one of: desktop-file, metainfo, install, deb.
+set -euo pipefail
+src=$1
+build=$2
+check=$3
+app_id=org.rosterdesk.RosterDesk
+scratch=$(mktemp -d)
+trap 'rm -rf "$scratch"' EXIT
+
+fail() { echo "FAIL: $*" >&2; exit 1; }
+
+# Runs an installed rosterdesk offscreen on an empty workspace and checks it opened its main window.
+starts() {
+    local exe=$1
+    mkdir -p "$scratch/workspace/Plug-Ins/Eraser"
+    local report
+    report=$(ROSTERDESK_ROOT="$scratch/workspace" QT_QPA_PLATFORM=offscreen ROSTERDESK_REPORT_START=1 "$exe")
+    grep -qx 'screen=frmMain' <<<"$report" || fail "$exe did not open its main window: $report"
+}
+
+case $check in
+desktop-file)
+    desktop-file-validate "$src/packaging/$app_id.desktop"
+    ;;
+metainfo)
+    appstreamcli validate --no-net "$src/packaging/$app_id.metainfo.xml"
+    ;;
+install)
+    cmake --install "$build" --prefix "$scratch/prefix" >/dev/null
+    for f in bin/rosterdesk bin/rosterdesk-cli share/applications/$app_id.desktop \
+             share/icons/hicolor/scalable/apps/$app_id.svg share/metainfo/$app_id.metainfo.xml \
+             share/doc/rosterdesk/guide/index.html; do
+        [ -e "$scratch/prefix/$f" ] || fail "not installed: $f"
+    done
+    "$scratch/prefix/bin/rosterdesk-cli" --help | grep -q 'doctor\|bots' || fail "installed rosterdesk-cli --help"
+    starts "$scratch/prefix/bin/rosterdesk"
+    ;;
+deb)
+    (cd "$scratch" && cpack -G DEB -B "$scratch/out" --config "$build/CPackConfig.cmake" >/dev/null)
+    deb=$(ls "$scratch"/out/rosterdesk_*.deb)
+    listing=$(dpkg-deb -c "$deb" | awk '{print $6}')
+    for f in ./usr/bin/rosterdesk ./usr/bin/rosterdesk-cli ./usr/share/applications/$app_id.desktop \
+             ./usr/share/icons/hicolor/scalable/apps/$app_id.svg ./usr/share/metainfo/$app_id.metainfo.xml \
+             ./usr/share/doc/rosterdesk/guide/index.html; do
+        grep -qx "$f" <<<"$listing" || fail "the package lacks $f"
+    done
+    depends=$(dpkg-deb -f "$deb" Depends)
+    grep -q 'libqt6widgets6' <<<"$depends" || fail "the package does not depend on Qt Widgets: $depends"
+    dpkg-deb -x "$deb" "$scratch/root"
+    "$scratch/root/usr/bin/rosterdesk-cli" --help >/dev/null || fail "packaged rosterdesk-cli --help"
+    starts "$scratch/root/usr/bin/rosterdesk"
+    ;;
+*)
+    fail "unknown check $check"
+    ;;
+esac
+echo "ok: $check"
