@@ -67,6 +67,7 @@ frmMain::frmMain(std::filesystem::path root, QWidget* parent) : QDialog(parent),
     lstRecognisedBots->setObjectName(QStringLiteral("lstRecognisedBots"));
     lstRecognisedBots->setSelectionMode(QAbstractItemView::SingleSelection);
     lblRecognisedBots->setBuddy(lstRecognisedBots);
+    lstRecognisedBots->setAccessibleName(QStringLiteral("Recognised Bots"));
 
     lblProfiles = new QLabel(QStringLiteral("Available Profiles"), this);
     lblProfiles->setObjectName(QStringLiteral("lblProfiles"));
@@ -75,6 +76,7 @@ frmMain::frmMain(std::filesystem::path root, QWidget* parent) : QDialog(parent),
     lstProfiles->setSelectionMode(QAbstractItemView::SingleSelection);
     lstProfiles->setProperty(kReadyMark, QString());
     lblProfiles->setBuddy(lstProfiles);
+    lstProfiles->setAccessibleName(QStringLiteral("Available Profiles"));
 
     chkOnlyShow = new QCheckBox(QStringLiteral("Show profiles for selected bot only"), this);
     chkOnlyShow->setObjectName(QStringLiteral("chkOnlyShow"));

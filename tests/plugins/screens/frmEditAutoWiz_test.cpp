@@ -1,6 +1,7 @@
 // The AutoExec wizard command editor and its command dialog.
 
 #include "core/screens/frmZoom.h"
+#include "core/screens/help.h"
 #include "plugins/screens/frmEditAutoWiz.h"
 #include "plugins/screens/frmEditWiz.h"
 #include "tests/support/modal_driver_screens.h"
@@ -454,4 +455,22 @@ TEST(AutoExecWizardCommandDialog, AnEditDialogOnARowKeepsTheDesignCaption) {
     EXPECT_EQ(dialog.windowTitle(), QString("Edit AutoExec Wizard"));
     EXPECT_EQ(dialog.txtCommand->text(), QString("cmd"));
     EXPECT_EQ(dialog.txtDescription->text(), QString("desc"));
+}
+
+TEST(AutoExecWizardEditor, F1OpensTheGuidePageOfEachWizardScreen) {
+    TempWorkspace ws;
+    ws.writeLines("Plug-Ins/Eraser/ExecCommands.cfg", kOwn);
+    Editor e(ws);
+    QTest::keyClick(e.form.lvCommands, Qt::Key_F1);
+    auto* help = e.form.findChild<frmHelp*>("frmHelp");
+    ASSERT_NE(help, nullptr);
+    EXPECT_EQ(help->currentPage(), QString("frmEditAutoWiz.html"));
+    help->close();
+    frmEditWiz dialog(e.form.lvCommands, 1, &e.form);
+    dialog.show();
+    QTest::keyClick(dialog.txtCommand, Qt::Key_F1);
+    auto* dialogHelp = dialog.findChild<frmHelp*>("frmHelp");
+    ASSERT_NE(dialogHelp, nullptr);
+    EXPECT_EQ(dialogHelp->currentPage(), QString("frmEditWiz.html"));
+    dialogHelp->close();
 }

@@ -2,6 +2,7 @@
 // bytes OK writes (and Cancel does not).
 
 #include "core/screens/frmZoom.h"
+#include "core/screens/help.h"
 #include "plugins/screens/frmEditAutoWiz.h"
 #include "plugins/screens/frmEditPlugInSetup.h"
 #include "tests/support/modal_driver_screens.h"
@@ -773,4 +774,15 @@ TEST(PlugInSetupEditor, EditBesideATypedGameWithoutARecordReportsItAndChangesNot
     EXPECT_TRUE(prompts.last().text.contains("Quake3"));
     EXPECT_TRUE(f.isVisible());
     EXPECT_EQ(snapshot(ws), before);
+}
+
+TEST(PlugInSetupEditor, F1OpensTheGuidePageOfTheSetupEditor) {
+    TempWorkspace ws;
+    fillBot(ws);
+    Editor e(ws);
+    QTest::keyClick(e.form.txtBotFolder, Qt::Key_F1);
+    auto* help = e.form.findChild<frmHelp*>("frmHelp");
+    ASSERT_NE(help, nullptr);
+    EXPECT_EQ(help->currentPage(), QString("frmEditPlugInSetup.html"));
+    help->close();
 }

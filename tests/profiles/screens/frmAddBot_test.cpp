@@ -2,6 +2,7 @@
 // window's list, and the setup editor it opens for the new bot.
 
 #include "core/screens/frmZoom.h"
+#include "core/screens/help.h"
 #include "plugins/screens/frmEditPlugInSetup.h"
 #include "profiles/screens/frmAddBot.h"
 #include "tests/support/modal_driver_screens.h"
@@ -302,4 +303,16 @@ TEST(AddBotDialog, WorksFromTheKeyboard) {
     QTest::keyClick(dialog.cboBotbase, Qt::Key_Return); // the OK button is the default
     EXPECT_TRUE(seen.opened);
     EXPECT_EQ(ws.read("Plug-Ins/Keys/Skills.cfg"), crlf({"1", "Low"}));
+}
+
+TEST(AddBotDialog, F1OpensItsGuidePage) {
+    TempWorkspace ws;
+    Bots bots({});
+    frmAddBot dialog(ws.root(), &bots.list);
+    dialog.show();
+    QTest::keyClick(dialog.txtBotName, Qt::Key_F1);
+    auto* help = dialog.findChild<frmHelp*>("frmHelp");
+    ASSERT_NE(help, nullptr);
+    EXPECT_EQ(help->currentPage(), QString("frmAddBot.html"));
+    help->close();
 }

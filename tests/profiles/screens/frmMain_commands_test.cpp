@@ -74,6 +74,15 @@ TEST(MainWindowCommands, BotAndProfileButtonsAreEnabled) {
         EXPECT_TRUE(b->isEnabled()) << b->objectName().toStdString();
 }
 
+TEST(MainWindowCommands, BothListsAreNamedForScreenReadersByTheirLabels) {
+    TempWorkspace ws;
+    frmMain form(ws.root());
+    EXPECT_EQ(form.lstRecognisedBots->accessibleName(), QString("Recognised Bots"));
+    EXPECT_EQ(form.lstProfiles->accessibleName(), QString("Available Profiles"));
+    EXPECT_EQ(form.lblRecognisedBots->buddy(), form.lstRecognisedBots);
+    EXPECT_EQ(form.lblProfiles->buddy(), form.lstProfiles);
+}
+
 TEST(MainWindowCommands, DeleteBotAsksItsQuestionThenDeletesTheFilesTheFolderAndTheEntry) {
     TempWorkspace ws;
     fillWorkspace(ws);
