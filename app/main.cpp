@@ -17,10 +17,12 @@
 #include "core/workspace.h"
 #include "games/screens/frmEditGame.h"
 #include "maps/screens/frmCustomMapEditor.h"
+#include "plugins/screens/frmEditPlugInSetup.h"
 #include "profiles/screens/frmMain.h"
 
 #include <QApplication>
 #include <QPixmap>
+#include <QPointer>
 #include <QTimer>
 #include <QWidget>
 #include <cstdio>
@@ -72,6 +74,8 @@ QWidget* openFirstScreen(const rd::StartupDecision& decision, const std::filesys
         // Modeless; without a record it says so and closes at once, which ends the program.
         return new rd::frmEditGame(root, decision.argument);
     case rd::FirstScreen::PluginEditor:
+        // Modeless; when the bot has no folder it says so and closes itself, ending the program.
+        return new rd::frmEditPlugInSetup(root, decision.argument);
     case rd::FirstScreen::MainWindow:
         break;
     case rd::FirstScreen::CustomMaps:
@@ -101,12 +105,14 @@ int main(int argc, char** argv) {
     QWidget* first = openFirstScreen(decision, root);
     first->setAttribute(Qt::WA_DeleteOnClose);
     first->show();
+    // The first screen may close itself (and be deleted) before the report below runs.
+    const QString firstName = first->objectName();
 
     if (const char* report = std::getenv("ROSTERDESK_REPORT_START"); report && *report) {
         QTimer::singleShot(0, [&] {
             std::printf("route=%s\nargument=%s\nscreen=%s\nfontSize=%d\nfontName=%s\n",
                         rd::firstScreenName(decision.screen), rd::cp1252ToUtf8(decision.argument).c_str(),
-                        first->objectName().toUtf8().constData(), decision.fontSize,
+                        firstName.toUtf8().constData(), decision.fontSize,
                         rd::cp1252ToUtf8(decision.fontName).c_str());
             std::fflush(stdout);
             QApplication::quit();
@@ -114,8 +120,8 @@ int main(int argc, char** argv) {
     }
     if (const char* shot = std::getenv("ROSTERDESK_SCREENSHOT"); shot && *shot) {
         const QString file = QString::fromLocal8Bit(shot);
-        QTimer::singleShot(800, [first, file] {
-            const bool saved = first->grab().save(file);
+        QTimer::singleShot(800, [first = QPointer<QWidget>(first), file] {
+            const bool saved = first && first->grab().save(file);
             std::printf(saved ? "Screenshot of the first screen saved to %s\n"
                               : "Could not save a screenshot to %s\n",
                         file.toLocal8Bit().constData());

@@ -82,7 +82,7 @@ RenameResult RenameProfile(const fs::path& root, std::string_view profile, std::
     return RenameResult::Renamed;
 }
 
-AddBotOutcome AddBot(const fs::path& root, std::string_view name, std::string_view base, StepRunner& runner) {
+AddBotOutcome CreateBotFolder(const fs::path& root, std::string_view name, StepRunner& runner) {
     AddBotOutcome outcome;
     if (name.empty()) {
         outcome.result = AddBotResult::NoName;
@@ -107,13 +107,18 @@ AddBotOutcome AddBot(const fs::path& root, std::string_view name, std::string_vi
         return outcome;
     }
     outcome.result = AddBotResult::Created;
+    return outcome;
+}
+
+bool CopyBaseBotFiles(const fs::path& root, std::string_view name, std::string_view base,
+                      StepRunner& runner) {
     if (base.empty())
-        return outcome;
+        return true;
+    const fs::path plugins = pluginsFolder(root);
+    const fs::path folder = resolvePath(plugins, name);
     const fs::path baseFolder = resolvePath(plugins, base);
-    if (!folderExists(baseFolder)) {
-        outcome.baseMissing = true;
-        return outcome;
-    }
+    if (!folderExists(baseFolder))
+        return false;
     for (const auto& file : listFiles(baseFolder, "*.*")) {
         runner.step([&] {
             if (fileExists(joinName(folder, file)))
@@ -124,6 +129,14 @@ AddBotOutcome AddBot(const fs::path& root, std::string_view name, std::string_vi
                 throw accessError("cannot copy", joinName(baseFolder, file), ec);
         });
     }
+    return true;
+}
+
+AddBotOutcome AddBot(const fs::path& root, std::string_view name, std::string_view base, StepRunner& runner) {
+    AddBotOutcome outcome = CreateBotFolder(root, name, runner);
+    if (outcome.result != AddBotResult::Created)
+        return outcome;
+    outcome.baseMissing = !CopyBaseBotFiles(root, name, base, runner);
     return outcome;
 }
 

@@ -60,8 +60,19 @@ struct AddBotOutcome {
 
 // Creates Plug-Ins\<name>; when `base` is not empty, copies each file directly in the base
 // bot's folder whose name is not yet in the new folder (sub-folders are not copied). Each file
-// operation is a step of `runner` (title kAddBotErrorTitle).
+// operation is a step of `runner` (title kAddBotErrorTitle). The add-bot dialog runs the two
+// halves itself (CreateBotFolder, then CopyBaseBotFiles) so it can list the new bot in between.
 AddBotOutcome AddBot(const std::filesystem::path& root, std::string_view name, std::string_view base,
                      StepRunner& runner);
+
+// The first half of AddBot: the refusals, then the new folder (a step of `runner`). baseMissing
+// is always false.
+AddBotOutcome CreateBotFolder(const std::filesystem::path& root, std::string_view name, StepRunner& runner);
+
+// The second half of AddBot: copies the base bot's files into the bot `name`. Returns false when
+// the base bot's folder does not exist (nothing is copied; the caller shows
+// baseBotNotFoundMessage). Nothing happens when `base` is empty.
+bool CopyBaseBotFiles(const std::filesystem::path& root, std::string_view name, std::string_view base,
+                      StepRunner& runner);
 
 } // namespace rd

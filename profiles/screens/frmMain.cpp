@@ -2,18 +2,23 @@
 
 #include "core/screens/controls.h"
 #include "core/screens/errortrap.h"
+#include "core/screens/fatalerror.h"
 #include "core/screens/help.h"
 #include "core/screens/prompts.h"
 #include "core/screens/qtext.h"
 #include "core/screens/userfont.h"
 #include "core/steprunner.h"
+#include "core/workspace.h"
 #include "definitions/screens/frmEditing.h"
 #include "dialogs/frmRDabout.h"
 #include "games/screens/frmGame.h"
 #include "maps/screens/frmArenas.h"
 #include "maps/screens/frmCustomMapEditor.h"
 #include "models/screens/frmSex.h"
+#include "plugins/screens/frmEditPlugInSetup.h"
+#include "profiles/botcommands.h"
 #include "profiles/profiles.h"
+#include "profiles/screens/frmAddBot.h"
 
 #include <QApplication>
 #include <QCheckBox>
@@ -23,7 +28,9 @@
 #include <QLabel>
 #include <QListWidget>
 #include <QPushButton>
+#include <QSignalBlocker>
 #include <QVBoxLayout>
+#include <exception>
 #include <optional>
 #include <string>
 #include <vector>
@@ -43,6 +50,13 @@ public:
     WaitCursor& operator=(const WaitCursor&) = delete;
 };
 
+// The selected entry of a single-selection list, or null when nothing is selected (an entry
+// that only has the focus frame is not selected).
+QListWidgetItem* selectedEntry(const QListWidget* list) {
+    const QList<QListWidgetItem*> selected = list->selectedItems();
+    return selected.isEmpty() ? nullptr : selected.first();
+}
+
 } // namespace
 
 frmMain::frmMain(std::filesystem::path root, QWidget* parent) : QDialog(parent), root_(std::move(root)) {
@@ -57,6 +71,7 @@ frmMain::frmMain(std::filesystem::path root, QWidget* parent) : QDialog(parent),
     lstRecognisedBots->setObjectName(QStringLiteral("lstRecognisedBots"));
     lstRecognisedBots->setSelectionMode(QAbstractItemView::SingleSelection);
     lblRecognisedBots->setBuddy(lstRecognisedBots);
+    lstRecognisedBots->setAccessibleName(QStringLiteral("Recognised Bots"));
 
     lblProfiles = new QLabel(QStringLiteral("Available Profiles"), this);
     lblProfiles->setObjectName(QStringLiteral("lblProfiles"));
@@ -65,24 +80,24 @@ frmMain::frmMain(std::filesystem::path root, QWidget* parent) : QDialog(parent),
     lstProfiles->setSelectionMode(QAbstractItemView::SingleSelection);
     lstProfiles->setProperty(kReadyMark, QString());
     lblProfiles->setBuddy(lstProfiles);
+    lstProfiles->setAccessibleName(QStringLiteral("Available Profiles"));
 
     chkOnlyShow = new QCheckBox(QStringLiteral("Show profiles for selected bot only"), this);
     chkOnlyShow->setObjectName(QStringLiteral("chkOnlyShow"));
 
-    // Buttons whose editors are not part of the program yet stay disabled.
-    cmdAddBot = makeButton(this, "cmdAddBot", QStringLiteral("&Add"), false);
-    cmdEditBot = makeButton(this, "cmdEditBot", QStringLiteral("&Edit"), false);
-    cmdDeleteBot = makeButton(this, "cmdDeleteBot", QStringLiteral("De&lete"), false);
-    cmdRename = makeButton(this, "cmdRename", QStringLiteral("&Rename"), false);
-    cmdDeleteProfile = makeButton(this, "cmdDeleteProfile", QStringLiteral("&Delete"), false);
-    cmdGame = makeButton(this, "cmdGame", QStringLiteral("Edit &Game Paths"), true);
-    cmdEditOptions = makeButton(this, "cmdEditOptions", QStringLiteral("Edit &Options"), true);
-    cmdCustomMaps = makeButton(this, "cmdCustomMaps", QStringLiteral("Custom &Map Lists"), true);
-    cmdEditArena = makeButton(this, "cmdEditArena", QStringLiteral("Edit Are&nas"), true);
-    cmdLadies = makeButton(this, "cmdLadies", QStringLiteral("Se&x Editor"), true);
-    cmdHelp = makeButton(this, "cmdHelp", QStringLiteral("&Help Index"), true);
-    cmdAbout = makeButton(this, "cmdAbout", QStringLiteral("A&bout..."), true);
-    cmdOK = makeButton(this, "cmdOK", QStringLiteral("&Quit"), true);
+    cmdAddBot = makeButton(this, "cmdAddBot", QStringLiteral("&Add"));
+    cmdEditBot = makeButton(this, "cmdEditBot", QStringLiteral("&Edit"));
+    cmdDeleteBot = makeButton(this, "cmdDeleteBot", QStringLiteral("De&lete"));
+    cmdRename = makeButton(this, "cmdRename", QStringLiteral("&Rename"));
+    cmdDeleteProfile = makeButton(this, "cmdDeleteProfile", QStringLiteral("&Delete"));
+    cmdGame = makeButton(this, "cmdGame", QStringLiteral("Edit &Game Paths"));
+    cmdEditOptions = makeButton(this, "cmdEditOptions", QStringLiteral("Edit &Options"));
+    cmdCustomMaps = makeButton(this, "cmdCustomMaps", QStringLiteral("Custom &Map Lists"));
+    cmdEditArena = makeButton(this, "cmdEditArena", QStringLiteral("Edit Are&nas"));
+    cmdLadies = makeButton(this, "cmdLadies", QStringLiteral("Se&x Editor"));
+    cmdHelp = makeButton(this, "cmdHelp", QStringLiteral("&Help Index"));
+    cmdAbout = makeButton(this, "cmdAbout", QStringLiteral("A&bout..."));
+    cmdOK = makeButton(this, "cmdOK", QStringLiteral("&Quit"));
 
     // Layout: the two lists side by side with their buttons below; editors on the right.
     auto* botsBox = new QVBoxLayout;
@@ -122,8 +137,15 @@ frmMain::frmMain(std::filesystem::path root, QWidget* parent) : QDialog(parent),
     top->addLayout(editors);
 
     connect(chkOnlyShow, &QCheckBox::clicked, this, &frmMain::chkOnlyShow_Click);
-    connect(lstRecognisedBots, &QListWidget::itemClicked, this, &frmMain::lstRecognisedBots_Click);
+    // The bots list's Click is any change of its selection, by mouse or keyboard. (The current
+    // row changes before a mouse click selects the entry, so the selection is what is followed.)
+    connect(lstRecognisedBots, &QListWidget::itemSelectionChanged, this, &frmMain::lstRecognisedBots_Click);
     connect(lstRecognisedBots, &QListWidget::itemDoubleClicked, this, &frmMain::lstRecognisedBots_DblClick);
+    connect(cmdAddBot, &QPushButton::clicked, this, &frmMain::cmdAddBot_Click);
+    connect(cmdEditBot, &QPushButton::clicked, this, &frmMain::cmdEditBot_Click);
+    connect(cmdDeleteBot, &QPushButton::clicked, this, &frmMain::cmdDeleteBot_Click);
+    connect(cmdRename, &QPushButton::clicked, this, &frmMain::cmdRename_Click);
+    connect(cmdDeleteProfile, &QPushButton::clicked, this, &frmMain::cmdDeleteProfile_Click);
     connect(cmdGame, &QPushButton::clicked, this, &frmMain::cmdGame_Click);
     connect(cmdEditOptions, &QPushButton::clicked, this, &frmMain::cmdEditOptions_Click);
     connect(cmdCustomMaps, &QPushButton::clicked, this, &frmMain::cmdCustomMaps_Click);
@@ -147,8 +169,13 @@ void frmMain::Form_Load() {
     trap.step([this] { GetProfileList(); });
     std::vector<std::string> bots;
     trap.step([&] { bots = listPluginBots(root_); });
-    for (const auto& bot : bots)
-        trap.step([&] { lstRecognisedBots->addItem(fromBytes(bot)); });
+    trap.step([&] {
+        // One batch: a long list is not laid out again for every entry.
+        const QSignalBlocker quiet(lstRecognisedBots);
+        lstRecognisedBots->setUpdatesEnabled(false);
+        lstRecognisedBots->addItems(fromBytesList(bots));
+        lstRecognisedBots->setUpdatesEnabled(true);
+    });
 }
 
 void frmMain::GetProfileList() {
@@ -162,19 +189,25 @@ void frmMain::GetProfileList() {
 
     const bool onlyShow = chkOnlyShow->isChecked();
     std::optional<std::string> selectedBot;
-    if (QListWidgetItem* bot = lstRecognisedBots->currentItem(); bot && bot->isSelected())
+    if (QListWidgetItem* bot = selectedEntry(lstRecognisedBots))
         selectedBot = toBytes(bot->text());
     const auto reportOwnerError = [this](const std::string& description) {
         reportFailure(this, QStringLiteral("Loading Config File"), description,
                       QStringLiteral("Oh Lord, we have some problems..."));
     };
+    QStringList shown;
     for (const auto& name : names) {
         trap.step([&] {
             if (profileShown(onlyShow, selectedBot,
                              [&] { return ReadProfileOwner(root_, name, reportOwnerError); }))
-                lstProfiles->addItem(fromBytes(name));
+                shown.append(fromBytes(name));
         });
     }
+    trap.step([&] {
+        lstProfiles->setUpdatesEnabled(false);
+        lstProfiles->addItems(shown);
+        lstProfiles->setUpdatesEnabled(true);
+    });
     trap.step([&] {
         if (lstProfiles->count() > 0)
             lstProfiles->setCurrentRow(0);
@@ -194,6 +227,72 @@ void frmMain::lstRecognisedBots_Click() {
 void frmMain::lstRecognisedBots_DblClick() {
     // Double-clicking a bot does what the Edit button does.
     cmdEditBot->click();
+}
+
+void frmMain::cmdAddBot_Click() {
+    AddBotDialog(this, root_, lstRecognisedBots);
+}
+
+void frmMain::cmdEditBot_Click() {
+    QListWidgetItem* bot = selectedEntry(lstRecognisedBots);
+    if (!bot)
+        return;
+    EditPlugInSetup(this, root_, toBytes(bot->text()));
+}
+
+// Delete bot, rename profile and delete profile have no error trap: a failure ends the program.
+void frmMain::cmdDeleteBot_Click() {
+    QListWidgetItem* bot = selectedEntry(lstRecognisedBots);
+    if (!bot)
+        return;
+    if (showMessage(this, fromBytes(kDeleteBotQuestion), PromptIcon::Exclamation, bot->text(),
+                    PromptButtons::YesNoCancel) != PromptAnswer::Yes)
+        return;
+    try {
+        DeleteBot(root_, toBytes(bot->text()));
+    } catch (const std::exception& e) {
+        fatalError(this, e.what());
+    }
+    // Taking the entry away is no click on the list: the profile list stays as it is.
+    const QSignalBlocker quiet(lstRecognisedBots);
+    delete lstRecognisedBots->takeItem(lstRecognisedBots->row(bot));
+    lstRecognisedBots->clearSelection();
+}
+
+void frmMain::cmdRename_Click() {
+    QListWidgetItem* profile = selectedEntry(lstProfiles);
+    if (!profile)
+        return;
+    const std::optional<QString> answer =
+        askInput(this, fromBytes(kRenameProfilePrompt), fromBytes(kRenameProfileTitle), profile->text());
+    if (!answer || answer->isEmpty())
+        return;
+    const std::string newName = toBytes(*answer);
+    if (const auto refusal = refuseNewName(newName)) {
+        showMessage(this, fromBytes(*refusal), PromptIcon::Exclamation);
+        return;
+    }
+    try {
+        RenameProfile(root_, toBytes(profile->text()), newName);
+    } catch (const std::exception& e) {
+        fatalError(this, e.what());
+    }
+    profile->setText(*answer);
+}
+
+void frmMain::cmdDeleteProfile_Click() {
+    QListWidgetItem* profile = selectedEntry(lstProfiles);
+    if (!profile)
+        return;
+    if (showMessage(this, fromBytes(kDeleteProfileQuestion), PromptIcon::Exclamation, profile->text(),
+                    PromptButtons::YesNoCancel) != PromptAnswer::Yes)
+        return;
+    try {
+        DeleteProfile(root_, toBytes(profile->text()));
+    } catch (const std::exception& e) {
+        fatalError(this, e.what());
+    }
+    delete lstProfiles->takeItem(lstProfiles->row(profile));
 }
 
 void frmMain::cmdGame_Click() {

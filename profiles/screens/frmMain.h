@@ -45,6 +45,11 @@ public slots:
     void chkOnlyShow_Click();
     void lstRecognisedBots_Click();
     void lstRecognisedBots_DblClick();
+    void cmdAddBot_Click();
+    void cmdEditBot_Click();
+    void cmdDeleteBot_Click();
+    void cmdRename_Click();
+    void cmdDeleteProfile_Click();
     void cmdGame_Click();
     void cmdEditOptions_Click();
     void cmdCustomMaps_Click();

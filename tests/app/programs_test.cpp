@@ -59,10 +59,12 @@ TEST(Program, GameOnTheCommandLineRoutesToTheGameEditor) {
 
 TEST(Program, QuotedFontNameAcrossArgumentsIsJoinedBackTogether) {
     TempWorkspace ws;
+    ws.folder("Plug-Ins/Eraser"); // the setup editor opens for it
     auto report = start(ws, {"FONTNAME='MS", "Sans", "Serif'", "BOT=Eraser"});
     EXPECT_EQ(report["fontName"], "MS Sans Serif");
     EXPECT_EQ(report["route"], "PluginEditor");
     EXPECT_EQ(report["argument"], "Eraser");
+    EXPECT_EQ(report["screen"], "frmEditPlugInSetup");
 }
 
 TEST(Program, CustomMapsWordRoutesToTheCustomMapsEditor) {

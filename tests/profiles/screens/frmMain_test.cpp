@@ -221,12 +221,13 @@ TEST(MainWindow, DoubleClickOnABotDoesWhatTheEditButtonDoes) {
     frmMain form(ws.root());
     form.show();
     ASSERT_TRUE(QTest::qWaitForWindowExposed(&form));
-    form.cmdEditBot->setEnabled(true); // the editor's action, whatever it is, runs through the button
     QSignalSpy spy(form.cmdEditBot, &QPushButton::clicked);
+    rd::test::ModalDriver driver([](QDialog* editor) { editor->reject(); }); // the setup editor it opens
     const QRect rect = form.lstRecognisedBots->visualItemRect(form.lstRecognisedBots->item(0));
     QTest::mouseClick(form.lstRecognisedBots->viewport(), Qt::LeftButton, {}, rect.center());
     QTest::mouseDClick(form.lstRecognisedBots->viewport(), Qt::LeftButton, {}, rect.center());
     EXPECT_EQ(spy.count(), 1);
+    EXPECT_TRUE(driver.acted());
 }
 
 TEST(MainWindow, FontSizeReachesEveryControlButHorizontalScrollBars) {
