@@ -62,11 +62,11 @@ void DeleteProfile(const fs::path& root, std::string_view profile) {
     removeFolder(folder);
 }
 
-RenameResult RenameProfile(const fs::path& root, std::string_view profile, std::string_view newName) {
+ProfileRenameResult RenameProfile(const fs::path& root, std::string_view profile, std::string_view newName) {
     if (newName.empty())
-        return RenameResult::NoName;
+        return ProfileRenameResult::NoName;
     if (refuseNewName(newName))
-        return RenameResult::RefusedName;
+        return ProfileRenameResult::RefusedName;
     const fs::path from = resolvePath(root, profile);
     std::error_code ec;
     if (!fs::is_directory(from, ec))
@@ -79,7 +79,7 @@ RenameResult RenameProfile(const fs::path& root, std::string_view profile, std::
     fs::rename(from, to, ec);
     if (ec)
         throw accessError("cannot rename", from, ec);
-    return RenameResult::Renamed;
+    return ProfileRenameResult::Renamed;
 }
 
 AddBotOutcome CreateBotFolder(const fs::path& root, std::string_view name, StepRunner& runner) {

@@ -34,7 +34,7 @@ void DeleteBot(const std::filesystem::path& root, std::string_view bot);
 // fails ("File not found"), as does one that holds a sub-folder. Raises.
 void DeleteProfile(const std::filesystem::path& root, std::string_view profile);
 
-enum class RenameResult {
+enum class ProfileRenameResult {
     Renamed,
     NoName,     // empty answer or cancelled input box: nothing happens
     RefusedName // a separator, "." or "..": refuseNewName's message is shown, nothing touched
@@ -42,8 +42,8 @@ enum class RenameResult {
 
 // Renames the profile's folder. A name taken by another entry raises FileError; a change of
 // letter case only succeeds. profile.cfg is not touched.
-RenameResult RenameProfile(const std::filesystem::path& root, std::string_view profile,
-                           std::string_view newName);
+ProfileRenameResult RenameProfile(const std::filesystem::path& root, std::string_view profile,
+                                  std::string_view newName);
 
 enum class AddBotResult {
     Created,       // the folder exists now; the caller adds the name and opens the setup editor

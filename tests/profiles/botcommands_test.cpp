@@ -73,7 +73,7 @@ TEST(DeleteProfile, SubFolderRaisesAfterTheFilesAreDeleted) {
 TEST(RenameProfile, RenamesTheFolderAndKeepsProfileCfg) {
     TempWorkspace ws;
     ws.write("Fred/profile.cfg", crlf({"Eraser"}));
-    EXPECT_EQ(RenameProfile(ws.root(), "Fred", "Wilma"), RenameResult::Renamed);
+    EXPECT_EQ(RenameProfile(ws.root(), "Fred", "Wilma"), ProfileRenameResult::Renamed);
     EXPECT_FALSE(ws.exists("Fred"));
     EXPECT_EQ(ws.read("Wilma/profile.cfg"), crlf({"Eraser"}));
     EXPECT_EQ(readProfileOwner(ws.root(), "Wilma"), "Eraser");
@@ -82,7 +82,7 @@ TEST(RenameProfile, RenamesTheFolderAndKeepsProfileCfg) {
 TEST(RenameProfile, OwnNameInOtherLetterCaseSucceeds) {
     TempWorkspace ws;
     ws.write("Fred/profile.cfg", crlf({"Eraser"}));
-    EXPECT_EQ(RenameProfile(ws.root(), "Fred", "FRED"), RenameResult::Renamed);
+    EXPECT_EQ(RenameProfile(ws.root(), "Fred", "FRED"), ProfileRenameResult::Renamed);
     EXPECT_EQ(listProfiles(ws.root()), Names{"FRED"});
     EXPECT_EQ(ws.read("FRED/profile.cfg"), crlf({"Eraser"}));
 }
@@ -99,7 +99,7 @@ TEST(RenameProfile, NameTakenByAnotherFolderRaisesAndTouchesNothing) {
 TEST(RenameProfile, EmptyAnswerDoesNothing) {
     TempWorkspace ws;
     ws.folder("Fred");
-    EXPECT_EQ(RenameProfile(ws.root(), "Fred", ""), RenameResult::NoName);
+    EXPECT_EQ(RenameProfile(ws.root(), "Fred", ""), ProfileRenameResult::NoName);
     EXPECT_TRUE(ws.exists("Fred"));
 }
 
@@ -107,7 +107,7 @@ TEST(RenameProfile, NamesWithSeparatorsOrDotsAreRefusedBeforeAnythingIsTouched) 
     for (const std::string name : {"a/b", "a\\b", ".", ".."}) {
         TempWorkspace ws;
         ws.write("Fred/profile.cfg", crlf({"Eraser"}));
-        EXPECT_EQ(RenameProfile(ws.root(), "Fred", name), RenameResult::RefusedName) << name;
+        EXPECT_EQ(RenameProfile(ws.root(), "Fred", name), ProfileRenameResult::RefusedName) << name;
         EXPECT_EQ(listProfiles(ws.root()), Names{"Fred"}) << name;
     }
 }
