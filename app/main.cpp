@@ -4,13 +4,13 @@
 // Three environment variables serve scripts and tests (the command line belongs to the launcher):
 //   ROSTERDESK_SCREENSHOT=<file>  save a picture of the first screen, then quit;
 //   ROSTERDESK_REPORT_START=1     print the start-up decision and the first screen, then quit;
-//   ROSTERDESK_ANSWER_PROMPTS=1   print every message box and input box instead of showing it and
-//                                 answer it at once (a message with its first button, an input
-//                                 box cancelled), so a test can run the program to its end.
+//   ROSTERDESK_PROMPTS=print      print every message box and input box instead of showing it and
+//                                 answer it from a script, so a test can run the program to its
+//                                 end (core/screens/scriptedprompts.h).
 
 #include "core/screens/help.h"
-#include "core/screens/prompts.h"
 #include "core/screens/qtext.h"
+#include "core/screens/scriptedprompts.h"
 #include "core/screens/userfont.h"
 #include "core/startup.h"
 #include "core/text.h"
@@ -32,42 +32,7 @@
 
 namespace {
 
-class AnsweringPrompts : public rd::Prompts {
-public:
-    rd::PromptAnswer message(QWidget*, const QString& text, rd::PromptIcon, const QString& title,
-                             rd::PromptButtons buttons) override {
-        print("message", title, text);
-        switch (buttons) {
-        case rd::PromptButtons::Ok:
-        case rd::PromptButtons::OkCancel:
-            return rd::PromptAnswer::Ok;
-        case rd::PromptButtons::YesNo:
-        case rd::PromptButtons::YesNoCancel:
-            return rd::PromptAnswer::Yes;
-        case rd::PromptButtons::AbortRetryIgnore:
-            return rd::PromptAnswer::Abort;
-        case rd::PromptButtons::RetryCancel:
-            return rd::PromptAnswer::Retry;
-        }
-        return rd::PromptAnswer::Ok;
-    }
-    std::optional<QString> input(QWidget*, const QString& prompt, const QString& title,
-                                 const QString&) override {
-        print("input", title, prompt);
-        return std::nullopt;
-    }
-
-private:
-    // One line each: kind, title and text (line breaks written as \n).
-    static void print(const char* kind, const QString& title, const QString& text) {
-        QString shown = text;
-        shown.replace(QStringLiteral("\n"), QStringLiteral("\\n"));
-        std::printf("%s: %s: %s\n", kind, title.toUtf8().constData(), shown.toUtf8().constData());
-        std::fflush(stdout);
-    }
-};
-
-// The screen a route opens. Editors that are not part of the program yet open the main window.
+// The first screen the command line asks for.
 QWidget* openFirstScreen(const rd::StartupDecision& decision, const std::filesystem::path& root) {
     switch (decision.screen) {
     case rd::FirstScreen::GameEditor:
@@ -98,9 +63,7 @@ int main(int argc, char** argv) {
     rd::setUserFont(rd::UserFont{decision.fontSize, decision.fontName});
     app.setProperty("helpFile", QString::fromStdString(rd::helpFilePath(root).string()));
     rd::installHelpKey(&app);
-    AnsweringPrompts answeringPrompts;
-    if (const char* answer = std::getenv("ROSTERDESK_ANSWER_PROMPTS"); answer && *answer)
-        rd::Prompts::install(&answeringPrompts);
+    rd::installScriptedPromptsFromEnvironment();
 
     QWidget* first = openFirstScreen(decision, root);
     first->setAttribute(Qt::WA_DeleteOnClose);

@@ -14,13 +14,13 @@ using rd::test::TempWorkspace;
 namespace {
 
 // Starts rosterdesk offscreen with the command line, ended after 60 seconds at the latest
-// (status 124); message boxes are printed and answered.
+// (status 124); message boxes are printed and answered with their escape buttons.
 ProgramRun startRosterDesk(const TempWorkspace& ws, const std::vector<std::string>& args, bool reportStart) {
     std::vector<std::string> command = {"60", ROSTERDESK_EXE};
     command.insert(command.end(), args.begin(), args.end());
     std::vector<std::pair<std::string, std::string>> env = {{"ROSTERDESK_ROOT", ws.root().string()},
                                                             {"QT_QPA_PLATFORM", "offscreen"},
-                                                            {"ROSTERDESK_ANSWER_PROMPTS", "1"}};
+                                                            {"ROSTERDESK_PROMPTS", "print"}};
     if (reportStart)
         env.push_back({"ROSTERDESK_REPORT_START", "1"});
     return runProgram("timeout", command, env);
@@ -62,8 +62,8 @@ TEST(BotStartup, TheEditorLoadsTheBotItWasStartedFor) {
     ws.writeLines("Plug-Ins/Eraser/Setup.cfg", {"Quake2"});
     const ProgramRun run = startRosterDesk(ws, {"bot=eraser"}, true);
     EXPECT_EQ(run.status, 0) << run.err;
-    EXPECT_TRUE(
-        contains(run.out, "message: Loading Bot Plug-In Setup: Sod it!  Something has gone wrong!\\n"))
+    EXPECT_TRUE(contains(run.out, "prompt: message title=\"Loading Bot Plug-In Setup\" icon=Exclamation "
+                                  "buttons=AbortRetryIgnore text=\"Sod it!  Something has gone wrong!\\n"))
         << run.out;
     EXPECT_TRUE(contains(run.out, "screen=frmEditPlugInSetup\n")) << run.out;
 }
@@ -74,7 +74,8 @@ TEST(BotStartup, AMissingBotShowsCouldNotFindAndTheProgramEnds) {
     // No start-up report: the program has to end by itself once the editor has closed.
     const ProgramRun run = startRosterDesk(ws, {"BOT=Eraser"}, false);
     EXPECT_EQ(run.status, 0) << run.out << run.err;
-    EXPECT_EQ(run.out, "message: Roster Desk: Could not find Eraser\n");
+    EXPECT_EQ(run.out, "prompt: message title=\"Roster Desk\" icon=Exclamation buttons=Ok "
+                       "text=\"Could not find Eraser\" answer=Ok\n");
     EXPECT_FALSE(ws.exists("Plug-Ins/Eraser"));
 }
 
@@ -83,5 +84,5 @@ TEST(BotStartup, AQuotedBotNameWithBlanksIsOneName) {
     ws.folder("Plug-Ins");
     const ProgramRun run = startRosterDesk(ws, {"BOT='Eraser", "Two'"}, false);
     EXPECT_EQ(run.status, 0) << run.err;
-    EXPECT_TRUE(contains(run.out, "message: Roster Desk: Could not find Eraser Two\n")) << run.out;
+    EXPECT_TRUE(contains(run.out, "text=\"Could not find Eraser Two\" answer=Ok\n")) << run.out;
 }

@@ -55,9 +55,9 @@ TEST(GamesStartup, GameOnTheCommandLineOpensTheEditorWithoutAMessage) {
     TempWorkspace ws;
     fillWorkspace(ws);
     const ProgramRun r =
-        run(ws, {"GAME=Quake2"}, {{"ROSTERDESK_REPORT_START", "1"}, {"ROSTERDESK_ANSWER_PROMPTS", "1"}});
+        run(ws, {"GAME=Quake2"}, {{"ROSTERDESK_REPORT_START", "1"}, {"ROSTERDESK_PROMPTS", "print"}});
     EXPECT_EQ(r.status, 0) << r.err;
-    EXPECT_EQ(r.out.find("message:"), std::string::npos) << r.out;
+    EXPECT_EQ(r.out.find("prompt:"), std::string::npos) << r.out;
     EXPECT_NE(r.out.find("screen=frmEditGame\n"), std::string::npos) << r.out;
 }
 
@@ -65,11 +65,11 @@ TEST(GamesStartup, BlankGameValueOpensTheEditorForBotEraserWhichIsNotFoundAndThe
     TempWorkspace ws;
     fillWorkspace(ws);
     // The value after "GAME=" runs from the blank to the next blank: the game is "BOT=Eraser".
-    const ProgramRun r = run(ws, {"GAME=", "BOT=Eraser"}, {{"ROSTERDESK_ANSWER_PROMPTS", "1"}});
+    const ProgramRun r = run(ws, {"GAME=", "BOT=Eraser"}, {{"ROSTERDESK_PROMPTS", "print"}});
     EXPECT_EQ(r.status, 0) << r.err;
-    const std::string expected =
-        "message: Roster Desk: " + (ws.root() / "Game-Paths" / "BOT=Eraser" / "BOT=Eraser.Gme").string() +
-        " - not found\n";
+    const std::string expected = "prompt: message title=\"Roster Desk\" icon=Exclamation buttons=Ok text=\"" +
+                                 (ws.root() / "Game-Paths" / "BOT=Eraser" / "BOT=Eraser.Gme").string() +
+                                 " - not found\" answer=Ok\n";
     EXPECT_EQ(r.out, expected);
     // Nothing was written: Game-Paths holds the one game it held.
     std::vector<std::string> entries;
@@ -82,8 +82,8 @@ TEST(GamesStartup, BlankGameValueOpensTheEditorForBotEraserWhichIsNotFoundAndThe
 
 TEST(GamesStartup, MissingGameEndsTheProgramAlsoWithoutGamePaths) {
     TempWorkspace ws;
-    const ProgramRun r = run(ws, {"game=Nothing"}, {{"ROSTERDESK_ANSWER_PROMPTS", "1"}});
+    const ProgramRun r = run(ws, {"game=Nothing"}, {{"ROSTERDESK_PROMPTS", "print"}});
     EXPECT_EQ(r.status, 0) << r.err;
-    EXPECT_NE(r.out.find("Nothing.Gme - not found\n"), std::string::npos) << r.out;
+    EXPECT_NE(r.out.find("Nothing.Gme - not found\" answer=Ok\n"), std::string::npos) << r.out;
     EXPECT_FALSE(ws.exists("Game-Paths"));
 }

@@ -65,3 +65,17 @@ TEST(MapsStartup, CustomSpaceMapsOpensTheMainWindow) {
     EXPECT_EQ(report["route"], "MainWindow");
     EXPECT_EQ(report["screen"], "frmMain");
 }
+
+TEST(MapsStartup, WithoutGamesTheChooserSaysSoAndTheProgramEnds) {
+    TempWorkspace ws;
+    ws.folder("Plug-Ins/Eraser");
+    // No start-up report: the program has to end by itself once the chooser has closed itself.
+    const ProgramRun r = runProgram("timeout", {"60", ROSTERDESK_EXE, "CustomMaps"},
+                                    {{"ROSTERDESK_ROOT", ws.root().string()},
+                                     {"QT_QPA_PLATFORM", "offscreen"},
+                                     {"ROSTERDESK_PROMPTS", "print"}});
+    EXPECT_EQ(r.status, 0) << r.err;
+    EXPECT_EQ(r.out, "prompt: message title=\"Roster Desk\" icon=Exclamation buttons=Ok "
+                     "text=\"No games have yet been created.\\r\\nMost likely, you have not installed Tarnwick "
+                     "properly.Run the main program first before trying this\" answer=Ok\n");
+}

@@ -7,10 +7,10 @@
 // in the profile list otherwise), clicks the button and, when the program is still running
 // afterwards, prints "main window still open" and exits with status 0. Message and input boxes
 // are printed and answered as ROSTERDESK_PROMPTS=print, ROSTERDESK_ANSWERS and ROSTERDESK_INPUTS
-// say (tests/support/scriptedprompts_screens.h).
+// say (core/screens/scriptedprompts.h).
 
+#include "core/screens/scriptedprompts.h"
 #include "profiles/screens/frmMain.h"
-#include "tests/support/scriptedprompts_screens.h"
 
 #include <QApplication>
 #include <QListWidget>
@@ -26,7 +26,7 @@ int main(int argc, char** argv) {
     if (!std::getenv("QT_QPA_PLATFORM"))
         setenv("QT_QPA_PLATFORM", "offscreen", 1);
     QApplication app(argc, argv);
-    if (!rd::test::installScriptedPromptsFromEnvironment()) {
+    if (!rd::installScriptedPromptsFromEnvironment()) {
         std::fprintf(stderr, "frmMain_driver needs ROSTERDESK_PROMPTS=print\n");
         return 2;
     }

@@ -1,10 +1,10 @@
-#include "tests/support/scriptedprompts_screens.h"
+#include "core/screens/scriptedprompts.h"
 
 #include <QByteArray>
 #include <cstdio>
 #include <cstdlib>
 
-namespace rd::test {
+namespace rd {
 
 namespace {
 
@@ -151,4 +151,4 @@ bool installScriptedPromptsFromEnvironment() {
     return true;
 }
 
-} // namespace rd::test
+} // namespace rd

@@ -1,7 +1,7 @@
 #pragma once
-// Prompts for test programs run as child processes (the main window driver): every message box
-// and input box is written to standard output instead of being shown, and answered from a
-// script.
+// Prompts for runs with no one at the screen (scripts, and tests that run the built programs):
+// every message box and input box is written to standard output instead of being shown, and
+// answered from a script.
 //
 // installScriptedPromptsFromEnvironment installs them when ROSTERDESK_PROMPTS is "print":
 //   ROSTERDESK_ANSWERS  answers to message boxes in order, separated by ';' (Ok, Cancel, Yes, No,
@@ -20,7 +20,7 @@
 #include <QStringList>
 #include <deque>
 
-namespace rd::test {
+namespace rd {
 
 class ScriptedPrompts : public Prompts {
 public:
@@ -40,4 +40,4 @@ private:
 // Returns whether it did.
 bool installScriptedPromptsFromEnvironment();
 
-} // namespace rd::test
+} // namespace rd
