@@ -55,6 +55,7 @@ frmFindFolder::frmFindFolder(const QString& startFolder, QWidget* owner) : QDial
     setWindowTitle(QStringLiteral("Choose Path"));
 
     Drive1 = new QComboBox(this);
+    Drive1->setAccessibleName(QStringLiteral("Drive"));
     Drive1->setObjectName(QStringLiteral("Drive1"));
     for (const QStorageInfo& volume : QStorageInfo::mountedVolumes()) {
         if (!volume.isValid() || !volume.isReady())
@@ -72,6 +73,7 @@ frmFindFolder::frmFindFolder(const QString& startFolder, QWidget* owner) : QDial
     model_->setReadOnly(true);
 
     Dir1 = new QTreeView(this);
+    Dir1->setAccessibleName(QStringLiteral("Folder"));
     Dir1->setObjectName(QStringLiteral("Dir1"));
     Dir1->setModel(model_);
     Dir1->setHeaderHidden(true);

@@ -44,6 +44,8 @@ frmPickFromLV::frmPickFromLV(const QTreeWidget* source, QLineEdit* target, int k
 
     applyUserFont(this);
     setWindowTitle(title);
+    // No label names the list: a screen reader calls it by the dialog's title.
+    List1->setAccessibleName(title);
 
     if (source) {
         for (int i = 0; i < source->topLevelItemCount(); ++i) {

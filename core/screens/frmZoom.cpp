@@ -66,6 +66,7 @@ frmZoom::frmZoom(const QString& text, bool multiLineMode, QWidget* ownerScreen)
     setWindowTitle(QStringLiteral("Zoom"));
 
     txtText = new QPlainTextEdit(this);
+    txtText->setAccessibleName(QStringLiteral("Text"));
     txtText->setObjectName(QStringLiteral("txtText"));
     txtText->setTabChangesFocus(true);
     // The text box fills the screen above the buttons, which sit at the bottom right.

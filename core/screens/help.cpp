@@ -32,7 +32,8 @@ protected:
             return false;
         QWidget* screen = widget->window();
         if (auto* help = qobject_cast<frmHelp*>(screen)) {
-            help->showPage(kHelpIndexPage);
+            // In the help window itself: how to use help.
+            help->showPage(helpPageFor(help));
             return true;
         }
         showHelp(screen, helpPageFor(screen));
