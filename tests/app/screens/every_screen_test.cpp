@@ -129,3 +129,23 @@ TEST(EveryScreen, F1OpensTheScreensOwnPage) {
         return true;
     });
 }
+
+TEST(EveryScreen, EveryControlAMouseCanFocusTheKeyboardCanReachToo) {
+    DemoCopy demo;
+    PromptRecorder prompts;
+    rd::forEachScreen(demo.root, [&](QWidget* screen) {
+        screen->show();
+        for (QWidget* w : screen->findChildren<QWidget*>()) {
+            if (!w->isVisibleTo(screen) || w->window() != screen || isPartOfAnotherControl(w))
+                continue;
+            // (A label whose text can be selected takes the focus on a click; it is no control.)
+            if ((w->focusPolicy() & Qt::ClickFocus) == Qt::ClickFocus && !qobject_cast<QLabel*>(w)) {
+                EXPECT_EQ(w->focusPolicy() & Qt::TabFocus, Qt::TabFocus)
+                    << screen->objectName().toStdString() << ": " << w->objectName().toStdString() << " ("
+                    << w->metaObject()->className() << ") cannot be reached with Tab";
+            }
+        }
+        screen->hide();
+        return true;
+    });
+}
