@@ -1,0 +1,28 @@
+// The workspace doctor: what the launcher would misread or what is plainly broken.
+
+#include "cli/registry.h"
+#include "doctor/doctor.h"
+
+namespace rd::cli {
+namespace {
+
+const bool doctorRegistered = addCommand(
+    "doctor", "What the launcher would misread or what is plainly broken in the workspace (changes nothing)",
+    [](CLI::App&) -> Action {
+        return [](Context& ctx) {
+            Json out = Json::array();
+            for (const auto& finding : Diagnose(ctx.root)) {
+                out.push_back(Json{{"severity", severityName(finding.severity)},
+                                   {"file", str(finding.file)},
+                                   {"line", finding.line ? Json(*finding.line) : Json(nullptr)},
+                                   {"message", str(finding.message)}});
+            }
+            // Findings are the answer, not messages: the status tells whether there are any.
+            if (!out.empty())
+                ctx.failed = true;
+            return out;
+        };
+    });
+
+} // namespace
+} // namespace rd::cli
