@@ -215,9 +215,11 @@ bool LineReader::fill() {
         buffer_.erase(0, pos_);
         pos_ = 0;
     }
-    // The first read asks for the whole (small) file and one byte more, to see its end at once.
+    // The first read asks for the whole (small) file and one byte more, to see its end at once:
+    // a plain file that gives fewer bytes than asked for has no more.
     std::size_t want = kChunk;
-    if (!started_) {
+    const bool first = !started_;
+    if (first) {
         want = std::min(kChunk, firstRead_ + 1);
         started_ = true;
     }
@@ -232,6 +234,8 @@ bool LineReader::fill() {
         return false;
     }
     buffer_.resize(old + static_cast<std::size_t>(got));
+    if (first && static_cast<std::size_t>(got) < want)
+        eof_ = true;
     if (audited_)
         audited_->scanner.feed(std::string_view(buffer_).substr(old));
     return true;

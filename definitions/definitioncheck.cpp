@@ -11,6 +11,7 @@
 #include <exception>
 #include <limits>
 #include <unordered_map>
+#include <utility>
 
 namespace rd {
 
@@ -46,6 +47,17 @@ bool isWholeNumber(const std::string& text) {
 
 } // namespace
 
+ListFolder::ListFolder(fs::path folder) : folder_(std::move(folder)) {
+    for (const auto& name : listFiles(folder_, "*.*"))
+        files_.insert(upperCase(name));
+}
+
+bool ListFolder::holds(std::string_view name) const {
+    if (name.find_first_of("\\/") != std::string_view::npos)
+        return fileExists(resolvePath(folder_, name));
+    return files_.contains(upperCase(name));
+}
+
 std::optional<OptionFile> loadOptionFile(const fs::path& path, Findings& out) {
     if (!fileExists(path))
         return std::nullopt;
@@ -69,9 +81,8 @@ std::vector<std::string> categoryNames(const std::vector<OptionFile>& files) {
     return names;
 }
 
-void checkOptionFile(const OptionFile& file, const std::optional<fs::path>& listFolder,
-                     const std::string& listFolderName, const std::vector<std::string>& categories,
-                     Findings& out) {
+void checkOptionFile(const OptionFile& file, const ListFolder* lists, const std::string& listFolderName,
+                     const std::vector<std::string>& categories, Findings& out) {
     const fs::path& path = file.path;
     std::unordered_map<std::string, std::size_t> keys; // upper-cased key -> row
     for (std::size_t i = 0; i < file.rows.size(); ++i) {
@@ -118,10 +129,10 @@ void checkOptionFile(const OptionFile& file, const std::optional<fs::path>& list
                 out.push_back({Severity::Error, path, first + 2,
                                "the range " + inQuotes(row.parameter) + " of the NUMBER " + option.substr(4) +
                                    " is not min:max with two numbers; the option editor refuses it"});
-        } else if (namesListFile(*type) && listFolder) {
+        } else if (namesListFile(*type) && lists) {
             if (row.parameter.empty())
                 out.push_back({Severity::Error, path, first + 2, option + " names no list file"});
-            else if (!fileExists(resolvePath(*listFolder, row.parameter)))
+            else if (!lists->holds(row.parameter))
                 out.push_back({Severity::Error, path, first + 2,
                                "the list file " + inQuotes(row.parameter) + " of " + option + " is not in " +
                                    listFolderName});

@@ -9,6 +9,8 @@
 #include <filesystem>
 #include <optional>
 #include <string>
+#include <string_view>
+#include <unordered_set>
 #include <vector>
 
 namespace rd {
@@ -20,6 +22,20 @@ struct OptionFile {
     std::vector<RowPlace> places;
 };
 
+// The folder of a game's value and text lists, listed once for every option that names a list.
+class ListFolder {
+public:
+    explicit ListFolder(std::filesystem::path folder);
+    const std::filesystem::path& path() const { return folder_; }
+    // Whether the list file `name` (an option's parameter) is a file of the folder, found without
+    // regard to case; a name with separators is looked up on disk.
+    bool holds(std::string_view name) const;
+
+private:
+    std::filesystem::path folder_;
+    std::unordered_set<std::string> files_; // upper-cased names
+};
+
 // Loads an option definition file: nothing when it does not exist, or when it cannot be read
 // (reported).
 std::optional<OptionFile> loadOptionFile(const std::filesystem::path& path, Findings& out);
@@ -29,12 +45,11 @@ std::vector<std::string> categoryNames(const std::vector<OptionFile>& files);
 
 // Checks every option of `file`: a key that no other option of the file has (compared without
 // regard to case), a third line with its five TABs, a type 0 to 11, a range the option editor
-// accepts (NUMBER), a list file that exists in `listFolder` (WEAPON, TEXT LIST, VALUE LIST;
-// `listFolderName` names that folder in messages; not checked when the folder is not known),
-// categories that exist among `categories` (ENABLE) and a Where of 0, 1 or 2.
-void checkOptionFile(const OptionFile& file, const std::optional<std::filesystem::path>& listFolder,
-                     const std::string& listFolderName, const std::vector<std::string>& categories,
-                     Findings& out);
+// accepts (NUMBER), a list file that exists in `lists` (WEAPON, TEXT LIST, VALUE LIST;
+// `listFolderName` names that folder in messages; not checked without a folder), categories that
+// exist among `categories` (ENABLE) and a Where of 0, 1 or 2.
+void checkOptionFile(const OptionFile& file, const ListFolder* lists, const std::string& listFolderName,
+                     const std::vector<std::string>& categories, Findings& out);
 
 // Checks every flag of a flag definition file (when it exists): its checked and unchecked values
 // are whole numbers and exactly one of them is zero.

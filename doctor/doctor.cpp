@@ -55,6 +55,43 @@ std::string joinComponents(const std::vector<std::string>& parts) {
     return name;
 }
 
+// A bot's or a game's folder, listed once: the files the launcher reads are found in the listing
+// (whatever their case, as resolvePath finds them) instead of one look-up on disk each.
+class FolderIndex {
+public:
+    explicit FolderIndex(fs::path folder) : folder_(std::move(folder)), entries_(listDirectory(folder_)) {}
+
+    // The file of that name: the entry spelled so, else the first whose name is the same without
+    // regard to case; nothing when there is none or it is a folder.
+    std::optional<fs::path> file(std::string_view name) const {
+        const DirEntry* found = nullptr;
+        for (const auto& entry : entries_) {
+            if (entry.name == name) {
+                found = &entry;
+                break;
+            }
+            if (!found && equalsNoCase(entry.name, name))
+                found = &entry;
+        }
+        if (!found || found->isFolder)
+            return std::nullopt;
+        return joinName(folder_, found->name);
+    }
+
+    // The files matching a pattern, in listing order.
+    std::vector<fs::path> files(std::string_view pattern) const {
+        std::vector<fs::path> paths;
+        for (const auto& entry : entries_)
+            if (!entry.isFolder && wildcardMatch(pattern, entry.name))
+                paths.push_back(joinName(folder_, entry.name));
+        return paths;
+    }
+
+private:
+    fs::path folder_;
+    std::vector<DirEntry> entries_;
+};
+
 // The option definition files of a game's or a bot's folder and what their options refer to.
 struct DefinitionFolder {
     std::string name;     // the game's or the bot's name
@@ -62,23 +99,25 @@ struct DefinitionFolder {
     std::vector<OptionFile> options;
 };
 
-void readDefinitionFolder(const fs::path& folder, DefinitionFolder& definitions, Findings& out) {
-    for (const char* file : {kOptionsFile, kUserOptionsFile})
-        if (auto loaded = loadOptionFile(resolvePath(folder, file), out))
-            definitions.options.push_back(std::move(*loaded));
-    for (const char* file : {kFlagsFile, kUserFlagsFile})
-        checkFlagFile(resolvePath(folder, file), out);
+void readDefinitionFolder(const FolderIndex& folder, DefinitionFolder& definitions, Findings& out) {
+    for (const char* name : {kOptionsFile, kUserOptionsFile})
+        if (const auto file = folder.file(name))
+            if (auto loaded = loadOptionFile(*file, out))
+                definitions.options.push_back(std::move(*loaded));
+    for (const char* name : {kFlagsFile, kUserFlagsFile})
+        if (const auto file = folder.file(name))
+            checkFlagFile(*file, out);
 }
 
-void readWizardList(const fs::path& folder, Findings& out) {
-    const fs::path file = resolvePath(folder, "ExecCommands.cfg");
-    if (!fileExists(file))
+void readWizardList(const FolderIndex& folder, Findings& out) {
+    const auto file = folder.file("ExecCommands.cfg");
+    if (!file)
         return;
     try {
-        readWizardFile(file);
+        readWizardFile(*file);
     } catch (const std::exception& e) {
         out.push_back(
-            {Severity::Error, file, std::nullopt, std::string("the file cannot be read: ") + e.what()});
+            {Severity::Error, *file, std::nullopt, std::string("the file cannot be read: ") + e.what()});
     }
 }
 
@@ -87,7 +126,7 @@ void appendNames(std::vector<std::string>& to, const std::vector<std::string>& f
 }
 
 // A game's maps, categories, arenas and female models.
-void checkGameFiles(const fs::path& folder, const GameCheck& game,
+void checkGameFiles(const FolderIndex& folder, const GameCheck& game,
                     std::map<std::pair<std::string, std::string>, InstalledMaps>& catalogues, Findings& out) {
     // The maps a game has installed are known when both its folders are (the record check
     // reports a missing one).
@@ -102,8 +141,7 @@ void checkGameFiles(const fs::path& folder, const GameCheck& game,
         }
         installed = &it->second;
     }
-    for (const auto& file : listFiles(folder, "*.Map")) {
-        const fs::path path = joinName(folder, file);
+    for (const auto& path : folder.files("*.Map")) {
         if (installed) {
             checkCategoryFile(path, *installed, out);
         } else {
@@ -115,8 +153,7 @@ void checkGameFiles(const fs::path& folder, const GameCheck& game,
             }
         }
     }
-    for (const auto& file : listFiles(folder, "*.Ra2")) {
-        const fs::path path = joinName(folder, file);
+    for (const auto& path : folder.files("*.Ra2")) {
         if (installed) {
             checkArenaFile(path, *installed, out);
         } else {
@@ -128,18 +165,14 @@ void checkGameFiles(const fs::path& folder, const GameCheck& game,
             }
         }
     }
-    const fs::path female = resolvePath(folder, "Female.cfg");
-    if (fileExists(female)) {
-        std::vector<std::string> models;
-        if (game.modelsFolderExists)
-            models = listModels(game.record->txtModels);
+    if (const auto female = folder.file("Female.cfg")) {
         if (game.modelsFolderExists) {
-            checkFemaleList(female, models, game.record->txtModels, out);
+            checkFemaleList(*female, listModels(game.record->txtModels), game.record->txtModels, out);
         } else {
             try {
-                readFemaleList(female);
+                readFemaleList(*female);
             } catch (const std::exception& e) {
-                out.push_back({Severity::Error, female, std::nullopt,
+                out.push_back({Severity::Error, *female, std::nullopt,
                                std::string("the file cannot be read: ") + e.what()});
             }
         }
@@ -167,8 +200,9 @@ std::vector<DoctorFinding> Diagnose(const fs::path& root) {
     std::vector<DefinitionFolder> botDefinitions, gameDefinitions;
     for (const auto& bot : bots) {
         const fs::path folder = joinName(plugins, bot);
+        const FolderIndex index(folder);
         checkPluginSetup(folder, games, out);
-        readWizardList(folder, out);
+        readWizardList(index, out);
         DefinitionFolder definitions{bot, {}, {}};
         try {
             definitions.gameName = botGameName(root, bot);
@@ -176,24 +210,36 @@ std::vector<DoctorFinding> Diagnose(const fs::path& root) {
             // Setup.cfg cannot be read: reported by the setup check; the lists are then the
             // ones of Game-Paths itself.
         }
-        readDefinitionFolder(folder, definitions, out);
+        readDefinitionFolder(index, definitions, out);
         botDefinitions.push_back(std::move(definitions));
     }
 
     std::map<std::pair<std::string, std::string>, InstalledMaps> catalogues;
     for (const auto& game : games) {
         const fs::path folder = joinName(gamePaths, game);
+        const FolderIndex index(folder);
         const GameCheck check = checkGame(folder, game, out);
-        readWizardList(folder, out);
+        readWizardList(index, out);
         DefinitionFolder definitions{game, game, {}};
-        readDefinitionFolder(folder, definitions, out);
+        readDefinitionFolder(index, definitions, out);
         gameDefinitions.push_back(std::move(definitions));
-        std::vector<std::string> lists = listFiles(folder, "*.val");
-        appendNames(lists, listFiles(folder, "*.lst"));
+        std::vector<fs::path> lists = index.files("*.val");
+        for (auto& list : index.files("*.lst"))
+            lists.push_back(std::move(list));
         for (const auto& list : lists)
-            checkListFile(joinName(folder, list), out);
-        checkGameFiles(folder, check, catalogues, out);
+            checkListFile(list, out);
+        checkGameFiles(index, check, catalogues, out);
     }
+
+    // The lists of a game's folder, listed once for all the option files that use them.
+    std::map<std::string, ListFolder> listFolders;
+    const auto listsOf = [&](const std::string& game) -> const ListFolder& {
+        const std::string key = upperCase(game);
+        auto it = listFolders.find(key);
+        if (it == listFolders.end())
+            it = listFolders.emplace(key, ListFolder(listFolder(root, game))).first;
+        return it->second;
+    };
 
     // An ENABLE option may name a category of any definition file the launcher shows with it:
     // a game's files and those of the bots that play it.
@@ -204,22 +250,23 @@ std::vector<DoctorFinding> Diagnose(const fs::path& root) {
                 appendNames(categories, categoryNames(game.options));
         // A bot whose Setup.cfg names no game folder has no lists to check against (its setup
         // check says so).
-        std::optional<fs::path> lists;
-        if (std::any_of(games.begin(), games.end(),
-                        [&bot](const std::string& game) { return equalsNoCase(game, bot.gameName); }))
-            lists = listFolder(root, bot.gameName);
+        const bool gameExists = std::any_of(games.begin(), games.end(), [&bot](const std::string& game) {
+            return equalsNoCase(game, bot.gameName);
+        });
+        const ListFolder* lists = gameExists ? &listsOf(bot.gameName) : nullptr;
+        const std::string listsName = lists ? relativeFileName(root, lists->path()) : std::string();
         for (const auto& file : bot.options)
-            checkOptionFile(file, lists, lists ? relativeFileName(root, *lists) : std::string(), categories,
-                            out);
+            checkOptionFile(file, lists, listsName, categories, out);
     }
     for (const auto& game : gameDefinitions) {
         std::vector<std::string> categories = categoryNames(game.options);
         for (const auto& bot : botDefinitions)
             if (equalsNoCase(bot.gameName, game.name))
                 appendNames(categories, categoryNames(bot.options));
-        const fs::path lists = listFolder(root, game.name);
+        const ListFolder& lists = listsOf(game.name);
+        const std::string listsName = relativeFileName(root, lists.path());
         for (const auto& file : game.options)
-            checkOptionFile(file, lists, relativeFileName(root, lists), categories, out);
+            checkOptionFile(file, &lists, listsName, categories, out);
     }
 
     for (const auto& file : audit.files())
