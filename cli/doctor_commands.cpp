@@ -1,7 +1,10 @@
 // The workspace doctor: what the launcher would misread or what is plainly broken.
 
 #include "cli/registry.h"
+#include "core/workspace.h"
 #include "doctor/doctor.h"
+
+#include <system_error>
 
 namespace rd::cli {
 namespace {
@@ -10,6 +13,10 @@ const bool doctorRegistered = addCommand(
     "doctor", "What the launcher would misread or what is plainly broken in the workspace (changes nothing)",
     [](CLI::App&) -> Action {
         return [](Context& ctx) {
+            // A workspace that is not there has nothing to find; saying "[]" would mislead.
+            std::error_code ec;
+            if (!std::filesystem::is_directory(ctx.root, ec))
+                throw UsageError("Path not found: " + pathText(ctx.root));
             Json out = Json::array();
             for (const auto& finding : Diagnose(ctx.root)) {
                 out.push_back(Json{{"severity", severityName(finding.severity)},

@@ -113,6 +113,15 @@ TEST(DoctorCli, FindingsAreOrderedByFileInListingOrderThenByLine) {
     EXPECT_NE(found[4].message.find("Where"), std::string::npos);
 }
 
+TEST(DoctorCli, AWorkspaceThatIsNotThereIsAUsageError) {
+    DoctorWorkspace d;
+    const fs::path missing = d.ws.path("nowhere");
+    const ProgramRun run = doctor(missing);
+    EXPECT_EQ(run.status, 2);
+    EXPECT_EQ(run.out, "");
+    EXPECT_EQ(run.err, "Path not found: " + missing.string() + "\n");
+}
+
 TEST(DoctorCli, ChangesNothingOnDisk) {
     DoctorWorkspace d;
     d.setupLine(22, "");
