@@ -137,14 +137,15 @@ void checkOptionFile(const OptionFile& file, const ListFolder* lists, const std:
                                "the list file " + inQuotes(row.parameter) + " of " + option + " is not in " +
                                    listFolderName});
         } else if (*type == kEnableType) {
-            for (const auto& [name, verb] :
-                 {std::pair{&row.checked, "enables"}, {&row.unchecked, "disables"}}) {
-                if (name->empty())
+            for (const auto& named : {std::pair{&row.checked, "enables"}, {&row.unchecked, "disables"}}) {
+                const std::string& name = *named.first;
+                if (name.empty())
                     continue;
-                if (std::none_of(categories.begin(), categories.end(),
-                                 [&](const std::string& category) { return equalsNoCase(category, *name); }))
+                if (std::none_of(categories.begin(), categories.end(), [&name](const std::string& category) {
+                        return equalsNoCase(category, name);
+                    }))
                     out.push_back({Severity::Error, path, first + 2,
-                                   option + " " + verb + " the category " + inQuotes(*name) +
+                                   option + " " + named.second + " the category " + inQuotes(name) +
                                        ", which none of the definition files of its game and bots holds"});
             }
         }
