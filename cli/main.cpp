@@ -82,7 +82,8 @@ std::string kindList(bool resave) {
 
 int main(int argc, char** argv) {
     using namespace rd::cli;
-    CLI::App app{"rosterdesk-cli: the scripting tool over RosterDesk's data files"};
+    // The name is given: the arguments are parsed from a list that does not hold it.
+    CLI::App app{"rosterdesk-cli: the scripting tool over RosterDesk's data files", "rosterdesk-cli"};
     app.require_subcommand(1);
     std::string rootOption;
     app.add_option("--root", rootOption,

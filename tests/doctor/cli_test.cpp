@@ -36,6 +36,13 @@ std::map<std::string, std::string> snapshot(const fs::path& root) {
 
 } // namespace
 
+TEST(DoctorCli, HelpListsTheDoctorUnderTheProgramsName) {
+    const ProgramRun run = runProgram(ROSTERDESK_CLI, {"--help"});
+    EXPECT_EQ(run.status, 0);
+    EXPECT_NE(run.out.find("Usage: rosterdesk-cli [OPTIONS] SUBCOMMAND"), std::string::npos) << run.out;
+    EXPECT_NE(run.out.find("  doctor "), std::string::npos) << run.out;
+}
+
 TEST(DoctorCli, CleanWorkspacePrintsAnEmptyArrayWithStatusZero) {
     DoctorWorkspace d;
     const ProgramRun run = doctor(d.ws.root());
