@@ -95,7 +95,7 @@ Configure rawArguments(std::size_t count, std::string usage,
 const bool makeKeyRegistered = addCommand(
     "make-key", "The key generated for a new option NAME in the definition file FILE: make-key NAME FILE",
     rawArguments(2, "make-key NAME FILE", [](Context& ctx, const std::vector<std::string>& args) {
-        const fs::path file(cp1252ToUtf8(args[1]));
+        const fs::path file = pathFromUtf8(cp1252ToUtf8(args[1]));
         std::vector<OptionRow> rows;
         StepRunner(ctx.trap()).step([&] { rows = LoadDefinitions(file); });
         return str(MakeKey(rows, args[0]));

@@ -2,9 +2,11 @@
 // program's own loaders and writers, and offers the program's small rules from a shell.
 
 #include "cli/registry.h"
+#include "core/nativeprocess.h"
 #include "core/text.h"
 #include "core/workspace.h"
 
+#include <algorithm>
 #include <cstdlib>
 #include <iostream>
 
@@ -49,7 +51,7 @@ std::map<std::string, FileKind>& fileKinds() {
 
 void requireFile(const std::filesystem::path& path) {
     if (!fileExists(path))
-        throw UsageError("File not found: " + utf8ToCp1252(path.string()));
+        throw UsageError("File not found: " + pathText(path));
 }
 
 bool addCommand(const std::string& name, const std::string& description, Configure configure) {
@@ -80,7 +82,8 @@ std::string kindList(bool resave) {
 
 int main(int argc, char** argv) {
     using namespace rd::cli;
-    CLI::App app{"rosterdesk-cli: the scripting tool over RosterDesk's data files"};
+    // The name is given: the arguments are parsed from a list that does not hold it.
+    CLI::App app{"rosterdesk-cli: the scripting tool over RosterDesk's data files", "rosterdesk-cli"};
     app.require_subcommand(1);
     std::string rootOption;
     app.add_option("--root", rootOption,
@@ -108,8 +111,12 @@ int main(int argc, char** argv) {
     resave->add_option("KIND", resaveKind, "File kind")->required();
     resave->add_option("PATH", resavePath, "File (the plug-in's folder for setup)")->required();
 
+    rd::native::useBinaryStandardStreams();
     try {
-        app.parse(argc, argv);
+        // CLI11 takes the arguments last first.
+        std::vector<std::string> args = rd::native::utf8Arguments(argc, argv);
+        std::reverse(args.begin(), args.end());
+        app.parse(args);
     } catch (const CLI::CallForHelp& e) {
         return app.exit(e);
     } catch (const CLI::ParseError& e) {
@@ -119,7 +126,7 @@ int main(int argc, char** argv) {
 
     Context ctx;
     if (!rootOption.empty())
-        ctx.root = rootOption;
+        ctx.root = rd::pathFromUtf8(rootOption);
     else
         ctx.root = rd::workspaceRoot(rd::programFolder(argv[0]));
 
@@ -131,12 +138,12 @@ int main(int argc, char** argv) {
                 throw UsageError("Unknown kind: " + showKind + " (kinds: " + kindList(false) + ")");
             for (const auto& extra : show->remaining())
                 showExtra.push_back(extra);
-            out = it->second.show(ctx, std::filesystem::path(showPath), showExtra);
+            out = it->second.show(ctx, rd::pathFromUtf8(showPath), showExtra);
         } else if (resave->parsed()) {
             auto it = fileKinds().find(resaveKind);
             if (it == fileKinds().end() || !it->second.resave)
                 throw UsageError("Unknown kind: " + resaveKind + " (kinds: " + kindList(true) + ")");
-            it->second.resave(ctx, std::filesystem::path(resavePath));
+            it->second.resave(ctx, rd::pathFromUtf8(resavePath));
             out = nullptr;
         } else if (action) {
             out = action(ctx);

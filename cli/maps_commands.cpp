@@ -19,7 +19,7 @@ namespace fs = std::filesystem;
 void requireGame(const fs::path& root, const std::string& game) {
     const fs::path folder = gameFolder(root, game);
     if (game.empty() || !folderExists(folder))
-        throw UsageError("Could not find " + utf8ToCp1252(folder.string()));
+        throw UsageError("Could not find " + pathText(folder));
 }
 
 const bool categoryRegistered = addFileKind(

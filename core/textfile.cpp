@@ -1,98 +1,168 @@
 #include "core/textfile.h"
 
 #include "core/errors.h"
+#include "core/workspace.h"
 
 #include <algorithm>
 #include <cerrno>
-#include <fcntl.h>
-#include <sys/stat.h>
 #include <system_error>
-#include <unistd.h>
 
 namespace rd {
 
 namespace fs = std::filesystem;
 
+// ---- Line endings ----
+
+void LineEndingsScanner::endLine(bool bare) {
+    ++seen_.lines;
+    if (bare) {
+        ++seen_.bareLineFeeds;
+        if (seen_.firstBareLineFeed == 0)
+            seen_.firstBareLineFeed = seen_.lines;
+    }
+    if (lineHasLoneReturn_) {
+        ++seen_.loneReturns;
+        if (seen_.firstLoneReturn == 0)
+            seen_.firstLoneReturn = seen_.lines;
+    }
+    lineHasLoneReturn_ = false;
+    lineStarted_ = false;
+}
+
+void LineEndingsScanner::feed(std::string_view bytes) {
+    for (const char c : bytes) {
+        if (pendingReturn_) {
+            pendingReturn_ = false;
+            if (c == '\n') {
+                endLine(false);
+                continue;
+            }
+            lineHasLoneReturn_ = true;
+        }
+        if (c == '\r') {
+            pendingReturn_ = true;
+            lineStarted_ = true;
+        } else if (c == '\n') {
+            endLine(true);
+        } else {
+            lineStarted_ = true;
+        }
+    }
+}
+
+LineEndings LineEndingsScanner::finish() const {
+    LineEndingsScanner last = *this;
+    if (last.pendingReturn_)
+        last.lineHasLoneReturn_ = true;
+    if (last.lineStarted_) {
+        last.endLine(false);
+        last.seen_.lastLineUnterminated = true;
+    }
+    return last.seen_;
+}
+
+LineEndings lineEndingsOf(std::string_view bytes) {
+    LineEndingsScanner scanner;
+    scanner.feed(bytes);
+    return scanner.finish();
+}
+
+namespace {
+thread_local LineEndingsAudit* currentAudit = nullptr;
+}
+
+LineEndingsAudit::LineEndingsAudit() : previous_(currentAudit) {
+    currentAudit = this;
+}
+
+LineEndingsAudit::~LineEndingsAudit() {
+    currentAudit = previous_;
+}
+
+LineEndingsAudit* LineEndingsAudit::current() {
+    return currentAudit;
+}
+
+const LineEndings* LineEndingsAudit::find(const fs::path& path) const {
+    const auto it = index_.find(path.native());
+    return it == index_.end() ? nullptr : &files_[it->second].endings;
+}
+
+void LineEndingsAudit::record(const fs::path& path, const LineEndings& endings) {
+    const auto [it, added] = index_.emplace(path.native(), files_.size());
+    if (added)
+        files_.push_back(File{path, endings});
+    else
+        files_[it->second].endings = endings;
+}
+
+// ---- Reading ----
+
 namespace {
 
 constexpr std::size_t kChunk = 64 * 1024;
 
-// The description the user sees when a file cannot be opened.
-FileError openFailure(const fs::path& path, bool forWriting, int err) {
+// The description the user sees when a file cannot be opened for writing.
+FileError writeFailure(const fs::path& path, int err) {
     std::error_code ec;
     if (fs::is_directory(path, ec))
-        return FileError("Path/File access error: " + path.string() + " is a folder");
-    if (!forWriting && err == ENOENT) {
-        if (!fs::exists(path.parent_path(), ec))
-            return FileError("Path not found: " + path.string());
-        return FileError("File not found: " + path.string());
-    }
-    if (forWriting && err == ENOENT)
-        return FileError("Path not found: " + path.string());
+        return FileError("Path/File access error: " + pathText(path) + " is a folder");
+    if (err == ENOENT)
+        return FileError("Path not found: " + pathText(path));
     if (err == EACCES || err == EPERM)
-        return FileError("Permission denied: " + path.string());
-    return FileError("Path/File access error: " + path.string() + " (" +
+        return FileError("Permission denied: " + pathText(path));
+    return FileError("Path/File access error: " + pathText(path) + " (" +
                      std::generic_category().message(err) + ")");
 }
 
-} // namespace
-
-namespace {
-
-// Opens a plain file for reading with one open and one fstat. A folder, a pipe or a device is
-// refused (a pipe would block, a device might never end). Returns -1 with `missing` set when
-// there is no such file or the entry is a folder.
-int openPlainFile(const fs::path& path, bool& missing, int& error, std::size_t& size) {
-    missing = false;
-    error = 0;
-    const int fd = ::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
-    if (fd < 0) {
-        error = errno;
-        missing = (errno == ENOENT || errno == ENOTDIR);
-        return -1;
+// The description the user sees when a file cannot be opened for reading.
+FileError readFailure(const fs::path& path, const native::InputFile& file) {
+    switch (file.failure()) {
+    case native::OpenFailure::Folder:
+        return FileError("Path/File access error: " + pathText(path) + " is a folder");
+    case native::OpenFailure::NotPlain:
+        return FileError("Path/File access error: " + pathText(path) + " is not a plain file");
+    case native::OpenFailure::Missing: {
+        std::error_code ec;
+        if (!fs::exists(path.parent_path(), ec))
+            return FileError("Path not found: " + pathText(path));
+        return FileError("File not found: " + pathText(path));
     }
-    struct stat st {};
-    if (::fstat(fd, &st) != 0 || !S_ISREG(st.st_mode)) {
-        const bool folder = S_ISDIR(st.st_mode);
-        ::close(fd);
-        error = folder ? EISDIR : EINVAL;
-        missing = folder;
-        return -1;
+    case native::OpenFailure::Denied:
+        return FileError("Permission denied: " + pathText(path));
+    case native::OpenFailure::Other:
+    case native::OpenFailure::None:
+        break;
     }
-    size = static_cast<std::size_t>(st.st_size);
-    return fd;
-}
-
-FileError readFailure(const fs::path& path, int err) {
-    if (err == EINVAL)
-        return FileError("Path/File access error: " + path.string() + " is not a plain file");
-    return openFailure(path, false, err);
+    return FileError("Path/File access error: " + pathText(path) + " (" + file.systemText() + ")");
 }
 
 } // namespace
 
-LineReader::LineReader(const fs::path& path) {
-    bool missing = false;
-    int err = 0;
-    fd_ = openPlainFile(path, missing, err, firstRead_);
-    if (fd_ < 0)
-        throw readFailure(path, err);
+LineReader::LineReader(const fs::path& path) : file_(native::InputFile::open(path)) {
+    if (!file_.isOpen())
+        throw readFailure(path, file_);
+    firstRead_ = static_cast<std::size_t>(file_.size());
+    attachAudit(path);
 }
 
 std::optional<LineReader> LineReader::openExisting(const fs::path& path) {
-    bool missing = false;
-    int err = 0;
-    std::size_t size = 0;
-    const int fd = openPlainFile(path, missing, err, size);
-    if (fd < 0) {
-        if (missing)
+    native::InputFile file = native::InputFile::open(path);
+    if (!file.isOpen()) {
+        if (file.failure() == native::OpenFailure::Missing || file.failure() == native::OpenFailure::Folder)
             return std::nullopt;
-        throw readFailure(path, err);
+        throw readFailure(path, file);
     }
     LineReader reader;
-    reader.fd_ = fd;
-    reader.firstRead_ = size;
+    reader.firstRead_ = static_cast<std::size_t>(file.size());
+    reader.file_ = std::move(file);
+    reader.attachAudit(path);
     return reader;
+}
+
+void LineReader::attachAudit(const fs::path& path) {
+    if (LineEndingsAudit::current())
+        audited_ = std::make_unique<Audited>(Audited{path, {}});
 }
 
 LineReader::~LineReader() {
@@ -100,29 +170,38 @@ LineReader::~LineReader() {
 }
 
 LineReader::LineReader(LineReader&& other) noexcept
-    : fd_(other.fd_), firstRead_(other.firstRead_), started_(other.started_),
-      buffer_(std::move(other.buffer_)), pos_(other.pos_), eof_(other.eof_) {
-    other.fd_ = -1;
-}
+    : file_(std::move(other.file_)), firstRead_(other.firstRead_), started_(other.started_),
+      buffer_(std::move(other.buffer_)), pos_(other.pos_), eof_(other.eof_),
+      audited_(std::move(other.audited_)) {}
 
 LineReader& LineReader::operator=(LineReader&& other) noexcept {
     if (this != &other) {
         close();
-        fd_ = other.fd_;
+        file_ = std::move(other.file_);
         firstRead_ = other.firstRead_;
         started_ = other.started_;
         buffer_ = std::move(other.buffer_);
         pos_ = other.pos_;
         eof_ = other.eof_;
-        other.fd_ = -1;
+        audited_ = std::move(other.audited_);
     }
     return *this;
 }
 
 void LineReader::close() {
-    if (fd_ >= 0)
-        ::close(fd_);
-    fd_ = -1;
+    if (audited_ && file_.isOpen()) {
+        // The audit sees the whole file: what the loader left unread is read now.
+        try {
+            while (fill()) {
+            }
+            if (LineEndingsAudit* audit = LineEndingsAudit::current())
+                audit->record(audited_->path, audited_->scanner.finish());
+        } catch (const std::exception&) {
+            // A file that cannot be read to its end is not reported.
+        }
+    }
+    audited_.reset();
+    file_.close();
     buffer_.clear();
     pos_ = 0;
     eof_ = false;
@@ -130,24 +209,23 @@ void LineReader::close() {
 }
 
 bool LineReader::fill() {
-    if (fd_ < 0 || eof_)
+    if (!file_.isOpen() || eof_)
         return false;
     if (pos_ > 0) {
         buffer_.erase(0, pos_);
         pos_ = 0;
     }
-    // The first read asks for the whole (small) file and one byte more, to see its end at once.
+    // The first read asks for the whole (small) file and one byte more, to see its end at once:
+    // a plain file that gives fewer bytes than asked for has no more.
     std::size_t want = kChunk;
-    if (!started_) {
+    const bool first = !started_;
+    if (first) {
         want = std::min(kChunk, firstRead_ + 1);
         started_ = true;
     }
     const std::size_t old = buffer_.size();
     buffer_.resize(old + want);
-    ssize_t got = 0;
-    do {
-        got = ::read(fd_, buffer_.data() + old, want);
-    } while (got < 0 && errno == EINTR);
+    const std::ptrdiff_t got = file_.read(buffer_.data() + old, want);
     if (got <= 0) {
         buffer_.resize(old);
         if (got < 0)
@@ -156,11 +234,15 @@ bool LineReader::fill() {
         return false;
     }
     buffer_.resize(old + static_cast<std::size_t>(got));
+    if (first && static_cast<std::size_t>(got) < want)
+        eof_ = true;
+    if (audited_)
+        audited_->scanner.feed(std::string_view(buffer_).substr(old));
     return true;
 }
 
 bool LineReader::atEnd() {
-    if (fd_ < 0)
+    if (!file_.isOpen())
         return true;
     while (pos_ >= buffer_.size())
         if (!fill())
@@ -201,14 +283,16 @@ std::vector<std::string> readAllLines(const fs::path& path) {
     return lines;
 }
 
+// ---- Writing ----
+
 LineWriter::LineWriter(const fs::path& path) : path_(path) {
     std::error_code ec;
     if (fs::is_directory(path, ec))
-        throw openFailure(path, true, EISDIR);
+        throw writeFailure(path, EISDIR);
     errno = 0;
-    file_ = std::fopen(path.c_str(), "wb");
+    file_ = native::openStdio(path, "wb");
     if (!file_)
-        throw openFailure(path, true, errno);
+        throw writeFailure(path, errno);
 }
 
 LineWriter::~LineWriter() {
@@ -218,10 +302,10 @@ LineWriter::~LineWriter() {
 
 void LineWriter::writeLine(std::string_view line) {
     if (!file_)
-        throw FileError("Bad file name or number: " + path_.string() + " is not open");
+        throw FileError("Bad file name or number: " + pathText(path_) + " is not open");
     if (std::fwrite(line.data(), 1, line.size(), file_) != line.size() ||
         std::fwrite("\r\n", 1, 2, file_) != 2)
-        throw FileError("Device I/O error while writing " + path_.string());
+        throw FileError("Device I/O error while writing " + pathText(path_));
 }
 
 void LineWriter::close() {
@@ -229,7 +313,7 @@ void LineWriter::close() {
         const int result = std::fclose(file_);
         file_ = nullptr;
         if (result != 0)
-            throw FileError("Device I/O error while writing " + path_.string());
+            throw FileError("Device I/O error while writing " + pathText(path_));
     }
 }
 

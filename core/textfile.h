@@ -3,14 +3,76 @@
 // rewritten whole. On reading, a line ends at CR LF or at a lone LF; a lone CR stays in the
 // line, and the bytes after the last terminator are a line of their own.
 
+#include "core/nativefile.h"
+
 #include <cstdio>
 #include <filesystem>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <vector>
 
 namespace rd {
+
+// How the lines of a text file end. The launcher's files end every line with CR LF; its own
+// reader takes a lone CR as the end of a line and a lone LF as part of one.
+struct LineEndings {
+    std::size_t lines = 0;             // lines in the file; a last line without terminator counts
+    std::size_t bareLineFeeds = 0;     // lines ended by LF without CR before it
+    std::size_t firstBareLineFeed = 0; // the first such line (1-based; 0 when there is none)
+    std::size_t loneReturns = 0;       // lines holding a CR that no LF follows
+    std::size_t firstLoneReturn = 0;   // the first such line (1-based; 0 when there is none)
+    bool lastLineUnterminated = false; // the file has bytes after its last LF
+    bool operator==(const LineEndings&) const = default;
+};
+
+// Scans a file's bytes in order, in as many pieces as they come.
+class LineEndingsScanner {
+public:
+    void feed(std::string_view bytes);
+    LineEndings finish() const;
+
+private:
+    void endLine(bool bare);
+
+    LineEndings seen_;
+    bool pendingReturn_ = false; // the last byte fed was a CR
+    bool lineHasLoneReturn_ = false;
+    bool lineStarted_ = false; // bytes were fed after the last LF
+};
+
+LineEndings lineEndingsOf(std::string_view bytes);
+
+// While an audit is alive, every LineReader of this thread reads its file to the end when it is
+// closed and reports how the file's lines end. The loaders read exactly as they always do; the
+// audit sees each file through the same single read.
+class LineEndingsAudit {
+public:
+    LineEndingsAudit();
+    ~LineEndingsAudit();
+    LineEndingsAudit(const LineEndingsAudit&) = delete;
+    LineEndingsAudit& operator=(const LineEndingsAudit&) = delete;
+
+    struct File {
+        std::filesystem::path path; // as the reader opened it
+        LineEndings endings;
+    };
+    // Every file read while the audit was alive, in the order they were first closed.
+    const std::vector<File>& files() const { return files_; }
+    // The file read under this path, or nothing.
+    const LineEndings* find(const std::filesystem::path& path) const;
+
+    // The audit of this thread, or nothing (used by the readers).
+    static LineEndingsAudit* current();
+    void record(const std::filesystem::path& path, const LineEndings& endings);
+
+private:
+    std::vector<File> files_;
+    std::unordered_map<std::filesystem::path::string_type, std::size_t> index_;
+    LineEndingsAudit* previous_ = nullptr;
+};
 
 // Reads a file line by line. Opening a missing file, a folder, or anything else that is not a
 // readable file raises FileError with a description for the user.
@@ -28,7 +90,7 @@ public:
     LineReader(const LineReader&) = delete;
     LineReader& operator=(const LineReader&) = delete;
 
-    bool isOpen() const { return fd_ >= 0; }
+    bool isOpen() const { return file_.isOpen(); }
     // True when the reader is closed or no byte is left.
     bool atEnd();
     // "Read next line (reader, default)": the next line, or `fallback` unchanged when the
@@ -37,14 +99,21 @@ public:
     void close();
 
 private:
-    bool fill();
+    struct Audited {
+        std::filesystem::path path;
+        LineEndingsScanner scanner;
+    };
 
-    int fd_ = -1;
+    bool fill();
+    void attachAudit(const std::filesystem::path& path);
+
+    native::InputFile file_;
     std::size_t firstRead_ = 0; // the file's size: small files are read with one call
     bool started_ = false;
     std::string buffer_;
     std::size_t pos_ = 0;
     bool eof_ = false;
+    std::unique_ptr<Audited> audited_; // set while a LineEndingsAudit is alive
 };
 
 // Every line of a file, read to its end (the file must exist).

@@ -1,14 +1,12 @@
 #include "core/workspace.h"
 
+#include "core/nativefolder.h"
+#include "core/nativeprocess.h"
 #include "core/text.h"
 
 #include <algorithm>
 #include <cstdlib>
 #include <system_error>
-
-#ifndef _WIN32
-#include <dirent.h>
-#endif
 
 namespace rd {
 
@@ -20,19 +18,28 @@ fs::path workspaceRoot(const fs::path& programFolder) {
 }
 
 fs::path programFolder(const char* argv0) {
-    std::error_code ec;
-    fs::path exe = fs::read_symlink("/proc/self/exe", ec);
-    if (ec || exe.empty())
-        exe = fs::absolute(fs::path(argv0 ? argv0 : "."), ec);
-    return exe.parent_path();
+    return native::runningProgram(argv0).parent_path();
+}
+
+fs::path pathFromUtf8(std::string_view utf8) {
+    return fs::path(std::u8string(utf8.begin(), utf8.end()));
+}
+
+std::string utf8Of(const fs::path& path) {
+    const std::u8string text = path.u8string();
+    return std::string(text.begin(), text.end());
 }
 
 fs::path joinName(const fs::path& base, std::string_view name) {
-    return base / fs::path(cp1252ToUtf8(name));
+    return base / pathFromUtf8(cp1252ToUtf8(name));
 }
 
 std::string nameOf(const fs::path& path) {
-    return utf8ToCp1252(path.filename().string());
+    return utf8ToCp1252(utf8Of(path.filename()));
+}
+
+std::string pathText(const fs::path& path) {
+    return utf8ToCp1252(utf8Of(path));
 }
 
 namespace {
@@ -55,14 +62,14 @@ std::vector<std::string> splitComponents(std::string_view text) {
 }
 
 fs::path resolveComponent(const fs::path& base, const std::string& component) {
-    fs::path exact = joinName(base, component);
-    std::error_code ec;
-    if (component == "." || component == ".." || fs::exists(fs::symlink_status(exact, ec)))
-        return exact;
+    if (component == "." || component == "..")
+        return joinName(base, component);
+    if (auto spelling = native::directSpelling(base, component))
+        return joinName(base, *spelling);
     for (const auto& entry : listDirectory(base))
         if (equalsNoCase(entry.name, component))
             return joinName(base, entry.name);
-    return exact;
+    return joinName(base, component);
 }
 
 } // namespace
@@ -75,43 +82,7 @@ fs::path resolvePath(const fs::path& base, std::string_view relative) {
 }
 
 std::vector<DirEntry> listDirectory(const fs::path& folder) {
-    std::vector<DirEntry> entries;
-#ifndef _WIN32
-    // readdir gives names and (on most file systems) their kind without building a path per
-    // entry; entries of unknown kind are looked up once.
-    DIR* dir = ::opendir(folder.c_str());
-    if (!dir)
-        return entries;
-    while (const dirent* d = ::readdir(dir)) {
-        const std::string_view raw(d->d_name);
-        if (raw == "." || raw == "..")
-            continue;
-        DirEntry entry;
-        entry.name = utf8ToCp1252(raw);
-        if (d->d_type == DT_DIR) {
-            entry.isFolder = true;
-        } else if (d->d_type == DT_UNKNOWN || d->d_type == DT_LNK) {
-            std::error_code typeEc;
-            entry.isFolder = fs::is_directory(folder / fs::path(std::string(raw)), typeEc);
-        }
-        entries.push_back(std::move(entry));
-    }
-    ::closedir(dir);
-#else
-    std::error_code ec;
-    fs::directory_iterator it(folder, ec);
-    if (ec)
-        return entries;
-    for (const fs::directory_iterator end; it != end; it.increment(ec)) {
-        if (ec)
-            break;
-        DirEntry entry;
-        entry.name = nameOf(it->path());
-        std::error_code typeEc;
-        entry.isFolder = it->is_directory(typeEc);
-        entries.push_back(std::move(entry));
-    }
-#endif
+    std::vector<DirEntry> entries = native::readFolder(folder);
     // Sorted on upper-case keys made once per entry; ties by the names' bytes.
     std::vector<std::pair<std::string, std::size_t>> keys;
     keys.reserve(entries.size());
@@ -192,6 +163,33 @@ bool entryExists(const fs::path& path) {
     return fs::exists(resolved, ec);
 }
 
+void renameEntry(const fs::path& from, const fs::path& to, std::error_code& ec) {
+    ec.clear();
+    std::error_code same;
+    const bool caseOnly = from.parent_path() == to.parent_path() && from.filename() != to.filename() &&
+                          equalsNoCase(nameOf(from), nameOf(to)) && fs::equivalent(from, to, same);
+    if (!caseOnly) {
+        fs::rename(from, to, ec);
+        return;
+    }
+    fs::path temporary;
+    for (int attempt = 0;; ++attempt) {
+        temporary = from;
+        temporary += ".renaming" + std::to_string(attempt);
+        std::error_code taken;
+        if (!fs::exists(fs::symlink_status(temporary, taken)))
+            break;
+    }
+    fs::rename(from, temporary, ec);
+    if (ec)
+        return;
+    fs::rename(temporary, to, ec);
+    if (ec) {
+        std::error_code back;
+        fs::rename(temporary, from, back);
+    }
+}
+
 std::optional<std::string> refuseNewName(std::string_view name) {
     if (name == "." || name == "..")
         return "\"" + std::string(name) + "\" cannot be used as a name.";
@@ -200,12 +198,43 @@ std::optional<std::string> refuseNewName(std::string_view name) {
     return std::nullopt;
 }
 
+namespace {
+
+bool isSeparator(char c) {
+    return c == '\\' || c == '/';
+}
+
+} // namespace
+
 fs::path pathFromData(std::string_view text) {
     if (text.empty())
         return {};
     fs::path base;
     std::string_view rest = text;
-    if (rest.front() == '/' || rest.front() == '\\') {
+#ifdef _WIN32
+    // Windows path syntax: a drive ("c:\quake2" from the drive's root, "c:quake2" from the
+    // drive's current folder) or a network share ("\\server\share\quake2").
+    const auto isLetter = [](char c) { return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z'); };
+    if (rest.size() >= 2 && isLetter(rest[0]) && rest[1] == ':') {
+        const bool rooted = rest.size() >= 3 && isSeparator(rest[2]);
+        base = fs::path(std::string(rest.substr(0, 2)) + (rooted ? "\\" : ""));
+        rest.remove_prefix(rooted ? 3 : 2);
+        return resolvePath(base, rest);
+    }
+    if (rest.size() >= 2 && isSeparator(rest[0]) && isSeparator(rest[1])) {
+        std::string share = "\\\\";
+        rest.remove_prefix(2);
+        for (int part = 0; part < 2 && !rest.empty(); ++part) {
+            std::size_t end = 0;
+            while (end < rest.size() && !isSeparator(rest[end]))
+                ++end;
+            share += std::string(rest.substr(0, end)) + "\\";
+            rest.remove_prefix(end < rest.size() ? end + 1 : end);
+        }
+        return resolvePath(pathFromUtf8(cp1252ToUtf8(share)), rest);
+    }
+#endif
+    if (isSeparator(rest.front())) {
         base = fs::path("/");
         rest.remove_prefix(1);
     } else {

@@ -20,13 +20,21 @@ namespace fs = std::filesystem;
 // otherwise `programFolder` (the folder that holds the program).
 fs::path workspaceRoot(const fs::path& programFolder);
 
-// The folder that holds the running program (from /proc/self/exe, else from argv[0]).
+// The folder that holds the running program (from the system's record of the program's path,
+// else from argv[0]).
 fs::path programFolder(const char* argv0);
+
+// A path from UTF-8 text, and a path's UTF-8 text: the same on every system, whatever the
+// system's own code page.
+fs::path pathFromUtf8(std::string_view utf8);
+std::string utf8Of(const fs::path& path);
 
 // base joined with a code-page name (no separators are interpreted).
 fs::path joinName(const fs::path& base, std::string_view name);
 // The last component of a path as a code-page name.
 std::string nameOf(const fs::path& path);
+// A whole path as code-page text, as messages show it.
+std::string pathText(const fs::path& path);
 
 // Joins `relative` (components separated by '\' or '/') to `base`, resolving each component
 // to the entry that is present whatever its case (the first in listing order when several
@@ -57,6 +65,10 @@ bool fileExists(const fs::path& path);
 bool folderExists(const fs::path& path);
 // A directory search with folder entries included finds something (a file or a folder).
 bool entryExists(const fs::path& path);
+
+// Renames a file or folder. A change of letter case alone goes through a temporary name: file
+// systems that ignore case may otherwise keep the old spelling.
+void renameEntry(const fs::path& from, const fs::path& to, std::error_code& ec);
 
 // A name the user typed for a new folder or file is refused when it holds a path separator or
 // is "." or "..": the message to show, or nothing when the name may be used.

@@ -6,33 +6,55 @@
 #include "core/workspace.h"
 #include "definitions/options.h"
 
+#include <algorithm>
+
 namespace rd {
 
 namespace fs = std::filesystem;
 
 std::vector<FlagRow> LoadDMflags(const fs::path& path) {
+    return readFlagFile(path, nullptr);
+}
+
+std::vector<FlagRow> readFlagFile(const fs::path& path, std::vector<RowPlace>* places) {
     std::vector<FlagRow> rows;
+    if (places)
+        places->clear();
     if (!fileExists(path))
         return rows;
     LineReader reader(resolvePath(path.parent_path(), nameOf(path)));
+    std::size_t lineNumber = 0;
+    // The next line, counting the lines that are really there.
+    const auto next = [&](bool& present) {
+        present = !reader.atEnd();
+        if (present)
+            ++lineNumber;
+        return reader.readLine("");
+    };
+    bool present = false;
     while (!reader.atEnd()) {
-        std::string line = reader.readLine("");
+        std::string line = next(present);
+        RowPlace place{lineNumber, -1};
         if (!line.empty() && line.front() == '[') {
             rows.push_back(FlagRow::category(categoryName(line)));
-            continue;
+        } else {
+            FlagRow row;
+            row.name = std::move(line);
+            next(present); // always empty on writing, ignored on reading
+            const std::string fieldsLine = next(present);
+            if (present)
+                place.tabs = static_cast<int>(std::count(fieldsLine.begin(), fieldsLine.end(), '\t'));
+            if (!fieldsLine.empty()) {
+                const auto fields = SplitTabFields(fieldsLine, 4);
+                row.bitmap = fields[0];
+                row.checked = fields[1];
+                row.unchecked = fields[2];
+                row.help = fields[3];
+            }
+            rows.push_back(std::move(row));
         }
-        FlagRow row;
-        row.name = std::move(line);
-        reader.readLine(""); // always empty on writing, ignored on reading
-        const std::string fieldsLine = reader.readLine("");
-        if (!fieldsLine.empty()) {
-            const auto fields = SplitTabFields(fieldsLine, 4);
-            row.bitmap = fields[0];
-            row.checked = fields[1];
-            row.unchecked = fields[2];
-            row.help = fields[3];
-        }
-        rows.push_back(std::move(row));
+        if (places)
+            places->push_back(place);
     }
     return rows;
 }

@@ -2,6 +2,8 @@
 // Deathmatch flag definition files ("DMflags.cfg", "DMcustom.cfg"): the rules the launcher
 // offers by name, each adding one number to the dmflags value when ticked and another when not.
 
+#include "definitions/options.h"
+
 #include <array>
 #include <filesystem>
 #include <optional>
@@ -34,6 +36,8 @@ inline constexpr const char* kDefaultBitmap = "<DMFlags>";
 
 // The rows of a flag definition file; a missing file is an empty set.
 std::vector<FlagRow> LoadDMflags(const std::filesystem::path& path);
+// LoadDMflags that also tells where each row lies (`places` gets one entry per row).
+std::vector<FlagRow> readFlagFile(const std::filesystem::path& path, std::vector<RowPlace>* places);
 // Rewrites the file whole: "[name]" per category; per flag its name, an empty line, and
 // Bitmap, Checked, Unchecked, Help joined by TABs.
 void SaveDMflags(const std::filesystem::path& path, const std::vector<FlagRow>& rows);

@@ -7,6 +7,8 @@
 #include "core/workspace.h"
 #include "games/gamelist.h"
 
+#include <algorithm>
+
 namespace rd {
 
 namespace fs = std::filesystem;
@@ -67,17 +69,36 @@ std::string categoryName(std::string_view line) {
 }
 
 std::vector<OptionRow> LoadDefinitions(const fs::path& path) {
+    return readDefinitionFile(path, nullptr);
+}
+
+std::vector<OptionRow> readDefinitionFile(const fs::path& path, std::vector<RowPlace>* places) {
     std::vector<OptionRow> rows;
+    if (places)
+        places->clear();
     if (!fileExists(path))
         return rows;
     LineReader reader(resolvePath(path.parent_path(), nameOf(path)));
+    std::size_t lineNumber = 0;
+    // The next line, counting the lines that are really there.
+    const auto next = [&](bool& present) {
+        present = !reader.atEnd();
+        if (present)
+            ++lineNumber;
+        return reader.readLine("");
+    };
+    bool present = false;
     while (!reader.atEnd()) {
-        std::string line = reader.readLine("");
+        std::string line = next(present);
+        RowPlace place{lineNumber, -1};
         if (line.empty() || line.front() != '[') {
             OptionRow row;
             row.name = std::move(line);
-            row.type = reader.readLine("");
-            const auto fields = SplitTabFields(reader.readLine(""), 6);
+            row.type = next(present);
+            const std::string third = next(present);
+            if (present)
+                place.tabs = static_cast<int>(std::count(third.begin(), third.end(), '\t'));
+            const auto fields = SplitTabFields(third, 6);
             row.key = fields[0];
             row.parameter = fields[1];
             row.checked = fields[2];
@@ -88,6 +109,8 @@ std::vector<OptionRow> LoadDefinitions(const fs::path& path) {
         } else {
             rows.push_back(OptionRow::category(categoryName(line)));
         }
+        if (places)
+            places->push_back(place);
     }
     return rows;
 }

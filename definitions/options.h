@@ -45,6 +45,16 @@ inline constexpr const char* kUserOptionsFile = "Opt-User.cfg";
 
 // The rows of an option definition file; a missing file is an empty set.
 std::vector<OptionRow> LoadDefinitions(const std::filesystem::path& path);
+
+// Where a row of a definition file lies: the line it begins on (1-based) and, for an option or a
+// flag, how many TABs its third line holds (-1 when the file ends before that line).
+struct RowPlace {
+    std::size_t line = 0;
+    int tabs = -1;
+    bool operator==(const RowPlace&) const = default;
+};
+// LoadDefinitions that also tells where each row lies (`places` gets one entry per row).
+std::vector<OptionRow> readDefinitionFile(const std::filesystem::path& path, std::vector<RowPlace>* places);
 // Rewrites the file whole: "[name]" per category, three lines per option.
 void SaveDefinitions(const std::filesystem::path& path, const std::vector<OptionRow>& rows);
 

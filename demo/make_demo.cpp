@@ -1,7 +1,8 @@
-// Builds the demo workspace: copies demo/workspace byte for byte (replacing @INSTALL@ with the
-// fake installation's path) and writes a small fake Quake 2 installation beside it.
+// Builds the demo workspaces: copies demo/workspace (the clean one) and demo/broken (the one the
+// workspace doctor finds every kind of fault in) byte for byte, replacing @INSTALL@ with the fake
+// installation's path, and writes a small fake Quake 2 installation beside them.
 //
-//   rosterdesk-make-demo <demo/workspace> <output folder>
+//   rosterdesk-make-demo <demo folder> <output folder>
 
 #include "tests/support/pak_writer_data.h"
 #include "tests/support/workspace_data.h"
@@ -16,10 +17,35 @@ using rd::test::PakEntry;
 
 namespace {
 
-std::string replaceAllText(std::string text, const std::string& from, const std::string& to) {
-    for (std::size_t at = text.find(from); at != std::string::npos; at = text.find(from, at + to.size()))
-        text.replace(at, from.size(), to);
+// Replaces every @INSTALL@ with the installation's path. On Windows the rest of such a path
+// (up to the end of its line) takes backslashes too, so records hold Windows paths.
+std::string placeInstall(std::string text, const std::string& install) {
+    const std::string marker = "@INSTALL@";
+    for (std::size_t at = text.find(marker); at != std::string::npos; at = text.find(marker, at)) {
+        text.replace(at, marker.size(), install);
+        at += install.size();
+#ifdef _WIN32
+        for (; at < text.size() && text[at] != '\r' && text[at] != '\n'; ++at)
+            if (text[at] == '/')
+                text[at] = '\\';
+#endif
+    }
     return text;
+}
+
+// Copies the workspace `source` into `target` byte for byte, placing the installation's path.
+void copyWorkspace(const fs::path& source, const fs::path& target, const std::string& install) {
+    fs::remove_all(target);
+    fs::create_directories(target);
+    for (const auto& entry : fs::recursive_directory_iterator(source)) {
+        const fs::path to = target / fs::relative(entry.path(), source);
+        if (entry.is_directory()) {
+            fs::create_directories(to);
+            continue;
+        }
+        fs::create_directories(to.parent_path());
+        rd::test::writeBytes(to, placeInstall(rd::test::readBytes(entry.path()), install));
+    }
 }
 
 // Map data: a few bytes that look like the start of a BSP file.
@@ -65,29 +91,20 @@ void writeInstall(const fs::path& install) {
 
 int main(int argc, char** argv) {
     if (argc != 3) {
-        std::cerr << "usage: rosterdesk-make-demo <demo/workspace> <output folder>\n";
+        std::cerr << "usage: rosterdesk-make-demo <demo folder> <output folder>\n";
         return 2;
     }
     const fs::path source = argv[1];
     const fs::path output = fs::absolute(argv[2]);
-    const fs::path workspace = output / "workspace";
     const fs::path install = output / "install";
     try {
-        fs::remove_all(workspace);
         fs::remove_all(install);
         writeInstall(install);
         const std::string installText = install.string();
-        for (const auto& entry : fs::recursive_directory_iterator(source)) {
-            const fs::path target = workspace / fs::relative(entry.path(), source);
-            if (entry.is_directory()) {
-                fs::create_directories(target);
-                continue;
-            }
-            fs::create_directories(target.parent_path());
-            rd::test::writeBytes(target,
-                                 replaceAllText(rd::test::readBytes(entry.path()), "@INSTALL@", installText));
+        for (const char* name : {"workspace", "broken"}) {
+            copyWorkspace(source / name, output / name, installText);
+            std::cout << "Demo workspace: " << (output / name).string() << "\n";
         }
-        std::cout << "Demo workspace: " << workspace.string() << "\n";
     } catch (const std::exception& e) {
         std::cerr << "rosterdesk-make-demo: " << e.what() << "\n";
         return 1;

@@ -16,11 +16,6 @@ namespace fs = std::filesystem;
 
 namespace {
 
-// A path as the user sees it in a message (code-page bytes).
-std::string shown(const fs::path& path) {
-    return utf8ToCp1252(path.string());
-}
-
 // Read defaults of lines 1 to 11 (line 12 defaults to line 2 as read).
 struct Defaults {
     std::array<const char*, 8> texts;
@@ -80,7 +75,7 @@ fs::path gameTemplatePath(const fs::path& root, std::string_view game) {
 }
 
 std::string gameNotFoundMessage(const fs::path& recordPath) {
-    return shown(recordPath) + std::string(kGameNotFoundTail);
+    return pathText(recordPath) + std::string(kGameNotFoundTail);
 }
 
 GamePathRecord templateBuiltInValues() {
@@ -157,7 +152,7 @@ CreateGameResult CreateGame(const fs::path& root, std::string_view name, StepRun
     bool ok = runner.step([&] {
         std::error_code ec;
         if (!fs::create_directory(folder, ec) || ec)
-            throw FileError("Path/File access error: cannot create " + shown(folder) +
+            throw FileError("Path/File access error: cannot create " + pathText(folder) +
                             (ec ? " (" + ec.message() + ")" : std::string()));
     });
     ok = runner.step([&] {
@@ -175,22 +170,22 @@ bool DeleteGame(const fs::path& root, std::string_view name, StepRunner& runner)
     runner.step([&] {
         const auto files = listFiles(folder, "*.*");
         if (files.empty())
-            throw FileError("File not found: " + (shown(folder / "*.*")));
+            throw FileError("File not found: " + (pathText(folder / "*.*")));
         for (const auto& file : files) {
             std::error_code ec;
             if (!fs::remove(joinName(folder, file), ec) || ec)
-                throw FileError("Path/File access error: cannot delete " + shown(joinName(folder, file)) +
+                throw FileError("Path/File access error: cannot delete " + pathText(joinName(folder, file)) +
                                 (ec ? " (" + ec.message() + ")" : std::string()));
         }
     });
     return runner.step([&] {
         std::error_code ec;
         if (!fs::is_directory(folder, ec))
-            throw FileError("Path not found: " + shown(folder));
+            throw FileError("Path not found: " + pathText(folder));
         if (!fs::is_empty(folder, ec))
-            throw FileError("Path/File access error: " + shown(folder) + " still holds a folder");
+            throw FileError("Path/File access error: " + pathText(folder) + " still holds a folder");
         if (!fs::remove(folder, ec) || ec)
-            throw FileError("Path/File access error: cannot remove " + shown(folder) +
+            throw FileError("Path/File access error: cannot remove " + pathText(folder) +
                             (ec ? " (" + ec.message() + ")" : std::string()));
     });
 }

@@ -33,22 +33,38 @@ void DeleteCategory(const fs::path& root, std::string_view game, std::string_vie
 }
 
 MapCategory LoadCategory(const fs::path& path) {
+    return readCategoryFile(path, nullptr);
+}
+
+MapCategory readCategoryFile(const fs::path& path, std::vector<std::size_t>* lines) {
     MapCategory category;
+    if (lines)
+        lines->clear();
     if (!fileExists(path))
         return category;
     LineReader reader(resolvePath(path.parent_path(), nameOf(path)));
+    std::size_t lineNumber = 0;
+    const auto next = [&] {
+        if (!reader.atEnd())
+            ++lineNumber;
+        return reader.readLine("");
+    };
     bool current = false;
     while (!reader.atEnd()) {
-        std::string name = reader.readLine("");
+        std::string name = next();
         if (name == "[ARENA]")
             category.arena = true;
         if (name == "[V2]" || name == "[ARENA]") {
             current = true;
-            name = reader.readLine("");
+            name = next();
         }
-        std::string title = current ? reader.readLine("") : name;
-        if (!name.empty())
+        const std::size_t nameLine = lineNumber;
+        std::string title = current ? next() : name;
+        if (!name.empty()) {
             category.maps.push_back(MapRow{std::move(name), std::move(title)});
+            if (lines)
+                lines->push_back(nameLine);
+        }
     }
     return category;
 }

@@ -62,6 +62,8 @@ void DeleteCategory(const std::filesystem::path& root, std::string_view game, st
 
 // Reads a category file; a missing file gives no maps and no arena mark.
 MapCategory LoadCategory(const std::filesystem::path& path);
+// LoadCategory that also tells the line (1-based) of each map's name (`lines` gets one entry per map).
+MapCategory readCategoryFile(const std::filesystem::path& path, std::vector<std::size_t>* lines);
 // Rewrites the file whole in the current layout; an empty path writes nothing.
 void SaveCategory(const std::filesystem::path& path, const MapCategory& category);
 

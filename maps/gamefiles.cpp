@@ -57,7 +57,7 @@ RenameOutcome renameFile(const fs::path& folder, std::string_view oldName, std::
     fs::rename(filePath(folder, oldName, extension),
                joinName(folder, std::string(newName) + std::string(extension)), ec);
     if (ec)
-        throw FileError("File not found: " + utf8ToCp1252(filePath(folder, oldName, extension).string()));
+        throw FileError("File not found: " + pathText(filePath(folder, oldName, extension)));
     outcome.result = RenameResult::Renamed;
     return outcome;
 }
@@ -66,9 +66,9 @@ void deleteFile(const fs::path& folder, std::string_view name, std::string_view 
     const fs::path path = filePath(folder, name, extension);
     std::error_code ec;
     if (!fileExists(path))
-        throw FileError("File not found: " + utf8ToCp1252(path.string()));
+        throw FileError("File not found: " + pathText(path));
     if (!fs::remove(path, ec) || ec)
-        throw FileError("Permission denied: " + utf8ToCp1252(path.string()));
+        throw FileError("Permission denied: " + pathText(path));
 }
 
 } // namespace rd::detail

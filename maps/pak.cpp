@@ -1,5 +1,6 @@
 #include "maps/pak.h"
 
+#include "core/nativefile.h"
 #include "core/text.h"
 #include "core/textfile.h"
 #include "core/workspace.h"
@@ -70,10 +71,6 @@ std::string mapNameOf(std::string_view lowered) {
     return std::string(name);
 }
 
-std::string pathText(const fs::path& path) {
-    return utf8ToCp1252(path.string());
-}
-
 } // namespace
 
 bool ScanPak(const fs::path& pakPath, std::vector<std::string>& target, bool mapsOnly) {
@@ -85,7 +82,7 @@ bool ScanPak(const fs::path& pakPath, std::vector<std::string>& target, bool map
     std::error_code ec;
     if (!fs::is_regular_file(resolved, ec))
         return false;
-    std::unique_ptr<std::FILE, FileCloser> file(std::fopen(resolved.c_str(), "rb"));
+    std::unique_ptr<std::FILE, FileCloser> file(native::openStdio(resolved, "rb"));
     if (!file)
         return false;
 
@@ -157,6 +154,25 @@ std::string looseMapName(std::string_view fileName) {
     return name;
 }
 
+std::vector<CatalogueRow> CatalogueRows(std::string_view mainFolderText, std::string_view mapFolderText,
+                                        StepRunner& trap) {
+    const std::string mainFolder = withTrailingSeparator(mainFolderText);
+    const std::string mapFolder = withTrailingSeparator(mapFolderText);
+    std::vector<CatalogueRow> rows;
+    AddPak(mainFolder, "Quake2", rows, trap);
+    AddPak(mainFolder, "CTF", rows, trap);
+    AddPak(mainFolder + "baseq2", "BaseQ2", rows, trap);
+    AddPak(mainFolder + "eraser", "Eraser", rows, trap);
+    AddPak(mainFolder + "crbot", "CRbot", rows, trap);
+    AddPak(mainFolder + "ace", "ACE", rows, trap);
+
+    const std::vector<std::string> looseFiles = listFiles(pathFromData(mapFolder), "*.bsp");
+    rows.reserve(rows.size() + looseFiles.size());
+    for (const auto& file : looseFiles)
+        rows.push_back(CatalogueRow{looseMapName(file), "Custom Maps"});
+    return rows;
+}
+
 Catalogue BuildCatalogue(const fs::path& root, std::string_view game, TrapHandler handler) {
     Catalogue catalogue;
     const fs::path record = gameRecordPath(root, game);
@@ -171,22 +187,8 @@ Catalogue BuildCatalogue(const fs::path& root, std::string_view game, TrapHandle
         mainFolder = reader.readLine("");
         mapFolder = reader.readLine("");
     }
-    mainFolder = withTrailingSeparator(mainFolder);
-    mapFolder = withTrailingSeparator(mapFolder);
-
     StepRunner trap(std::move(handler));
-    auto& rows = catalogue.rows;
-    AddPak(mainFolder, "Quake2", rows, trap);
-    AddPak(mainFolder, "CTF", rows, trap);
-    AddPak(mainFolder + "baseq2", "BaseQ2", rows, trap);
-    AddPak(mainFolder + "eraser", "Eraser", rows, trap);
-    AddPak(mainFolder + "crbot", "CRbot", rows, trap);
-    AddPak(mainFolder + "ace", "ACE", rows, trap);
-
-    const std::vector<std::string> looseFiles = listFiles(pathFromData(mapFolder), "*.bsp");
-    rows.reserve(rows.size() + looseFiles.size());
-    for (const auto& file : looseFiles)
-        rows.push_back(CatalogueRow{looseMapName(file), "Custom Maps"});
+    catalogue.rows = CatalogueRows(mainFolder, mapFolder, trap);
     return catalogue;
 }
 

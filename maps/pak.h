@@ -44,6 +44,10 @@ struct Catalogue {
     std::vector<CatalogueRow> rows;
 };
 Catalogue BuildCatalogue(const std::filesystem::path& root, std::string_view game, TrapHandler trap);
+// The catalogue's rows for a main folder and a map folder as a record holds them (lines 1 and 2;
+// a separator is appended to either when it has none).
+std::vector<CatalogueRow> CatalogueRows(std::string_view mainFolder, std::string_view mapFolder,
+                                        StepRunner& trap);
 
 // A loose map file's name with ".bsp" cut off: first found without regard to case, then with it.
 std::string looseMapName(std::string_view fileName);

@@ -30,7 +30,7 @@ ModelGenders LoadModelGenders(const fs::path& root, std::string_view game) {
         genders.noModelsFolder = true;
         return genders;
     }
-    genders.male = listFolders(pathFromData(withTrailingSeparator(models)));
+    genders.male = listModels(models);
 
     genders.saveTarget = resolvePath(folder, "Female.cfg");
     if (!fileExists(genders.saveTarget))
@@ -46,6 +46,10 @@ ModelGenders LoadModelGenders(const fs::path& root, std::string_view game) {
         genders.female.push_back(std::move(name));
     }
     return genders;
+}
+
+std::vector<std::string> listModels(std::string_view modelsFolder) {
+    return listFolders(pathFromData(withTrailingSeparator(modelsFolder)));
 }
 
 void SaveFemaleList(const fs::path& path, const std::vector<std::string>& female) {

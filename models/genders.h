@@ -32,6 +32,9 @@ std::filesystem::path genderRecordPath(const std::filesystem::path& root, std::s
 // read (the caller's error trap reports it); `saveTarget` is set before anything is read.
 ModelGenders LoadModelGenders(const std::filesystem::path& root, std::string_view game);
 
+// The models of a models folder as a record holds it (line 5): its sub-folders, in listing order.
+std::vector<std::string> listModels(std::string_view modelsFolder);
+
 // Writes the names one a line (an empty list gives an empty file).
 void SaveFemaleList(const std::filesystem::path& path, const std::vector<std::string>& female);
 

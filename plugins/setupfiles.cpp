@@ -21,20 +21,22 @@ int choiceFromNumber(long long value, int count) {
     return static_cast<int>(value);
 }
 
-// Line 15 and 16: blanks removed, converted to a byte, then the choice of that number.
-int choiceFromByteLine(std::string_view line, int count) {
+} // namespace
+
+int setupChoiceFromLine(std::string_view line, int count) {
     return choiceFromNumber(toByte(trim(line)), count);
 }
 
-// A copied file's folder: the numeric value of the line's leading number, as a list position.
-int folderFromLine(std::string_view line) {
+int copiedFileFolderFromLine(std::string_view line) {
     const double value = roundHalfEven(leadingValue(line));
     if (!(value >= -1 && value <= 2))
         throw RosterError("Invalid property value");
     return static_cast<int>(value);
 }
 
-} // namespace
+int botConfigFromLine(std::string_view line) {
+    return choiceFromNumber(toInt16(line), 2);
+}
 
 fs::path pluginFolder(const fs::path& root, std::string_view bot) {
     return resolvePath(resolvePath(root, "Plug-Ins"), bot);
@@ -71,18 +73,18 @@ std::optional<PluginSetup> LoadPluginSetup(const fs::path& folder, StepRunner& r
     runner.step([&] { setup.botFolder = reader.readLine("Eraser"); });
     const PluginSetup defaults;
     for (int i = 0; i < kCopiedFileCount; ++i) {
-        runner.step([&] { setup.files[i].folder = folderFromLine(reader.readLine("0")); });
+        runner.step([&] { setup.files[i].folder = copiedFileFolderFromLine(reader.readLine("0")); });
         runner.step([&] { setup.files[i].name = reader.readLine(defaults.files[i].name); });
     }
-    runner.step([&] { setup.autoExec = choiceFromByteLine(reader.readLine("0"), 3); });
-    runner.step([&] { setup.chat = choiceFromByteLine(reader.readLine("0"), 3); });
+    runner.step([&] { setup.autoExec = setupChoiceFromLine(reader.readLine("0"), 3); });
+    runner.step([&] { setup.chat = setupChoiceFromLine(reader.readLine("0"), 3); });
     runner.step([&] { setup.routeFolder = reader.readLine(""); });
     runner.step([&] { setup.routeFilter = reader.readLine("*.zipped"); });
     runner.step([&] { setup.skinsFolder = reader.readLine(""); });
     runner.step([&] { setup.readme = reader.readLine(""); });
     runner.step([&] { setup.defaultSkin = reader.readLine(""); });
     // Line 22 has no usable default: a missing line is an empty text, which does not convert.
-    runner.step([&] { setup.botConfig = choiceFromNumber(toInt16(reader.readLine("")), 2); });
+    runner.step([&] { setup.botConfig = botConfigFromLine(reader.readLine("")); });
     runner.step([&] {
         const std::string line = reader.readLine("");
         setup.usesArenas = isNumeric(line);
@@ -123,7 +125,7 @@ void SavePluginSetup(const fs::path& folder, const PluginSetup& setup, StepRunne
             if (fileExists(skills)) {
                 std::error_code ec;
                 if (!fs::remove(skills, ec) || ec)
-                    throw FileError("Path/File access error: cannot delete " + utf8ToCp1252(skills.string()));
+                    throw FileError("Path/File access error: cannot delete " + pathText(skills));
             }
             return;
         }

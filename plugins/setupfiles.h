@@ -66,6 +66,15 @@ std::filesystem::path pluginFolder(const std::filesystem::path& root, std::strin
 // with a conversion error, leaving botConfig empty.
 std::optional<PluginSetup> LoadPluginSetup(const std::filesystem::path& folder, StepRunner& runner);
 
+// The conversions of Setup.cfg's number lines, as loading makes them; each raises when the line
+// holds no choice the editor offers.
+// Lines 15 and 16 (AutoExec and chat handling): blanks removed, a byte, one of 0 to count - 1.
+int setupChoiceFromLine(std::string_view line, int count);
+// Lines 3, 5, ... 13 (a copied file's target folder): the leading number, -1 to 2.
+int copiedFileFolderFromLine(std::string_view line);
+// Line 22 (bot config file handling): a 16-bit integer, 0 or 1.
+int botConfigFromLine(std::string_view line);
+
 // Writes Setup.Cfg, then Chatfiles.cfg, then writes or deletes Skills.cfg, each a step of
 // `runner`; a failure part-way leaves the files written so far. Existing files are rewritten
 // under the spelling they have.

@@ -14,7 +14,7 @@ namespace fs = std::filesystem;
 namespace {
 
 std::string shown(const fs::path& path) {
-    return utf8ToCp1252(path.string());
+    return pathText(path);
 }
 
 FileError accessError(const std::string& what, const fs::path& path, const std::error_code& ec) {
@@ -76,7 +76,7 @@ ProfileRenameResult RenameProfile(const fs::path& root, std::string_view profile
     if (fs::exists(fs::symlink_status(taken, ec)) && !fs::equivalent(taken, from, ec))
         throw FileError("Path/File access error: " + shown(taken) + " already exists");
     const fs::path to = joinName(root, newName);
-    fs::rename(from, to, ec);
+    renameEntry(from, to, ec);
     if (ec)
         throw accessError("cannot rename", from, ec);
     return ProfileRenameResult::Renamed;

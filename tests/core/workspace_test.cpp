@@ -1,4 +1,5 @@
 #include "core/workspace.h"
+#include "tests/support/environment_data.h"
 #include "tests/support/workspace_data.h"
 
 #include <cstdlib>
@@ -8,11 +9,11 @@ using namespace rd;
 using rd::test::TempWorkspace;
 
 TEST(Workspace, RootComesFromTheEnvironmentWhenSet) {
-    setenv("ROSTERDESK_ROOT", "/some/where", 1);
+    rd::test::setEnvironment("ROSTERDESK_ROOT", "/some/where");
     EXPECT_EQ(workspaceRoot("/opt/rosterdesk"), fs::path("/some/where"));
-    setenv("ROSTERDESK_ROOT", "", 1);
+    rd::test::setEnvironment("ROSTERDESK_ROOT", "");
     EXPECT_EQ(workspaceRoot("/opt/rosterdesk"), fs::path("/opt/rosterdesk"));
-    unsetenv("ROSTERDESK_ROOT");
+    rd::test::unsetEnvironment("ROSTERDESK_ROOT");
     EXPECT_EQ(workspaceRoot("/opt/rosterdesk"), fs::path("/opt/rosterdesk"));
 }
 
@@ -30,6 +31,9 @@ TEST(Workspace, ListingIsOrderedByNameWithoutRegardToCase) {
 }
 
 TEST(Workspace, NamesThatDifferOnlyInCaseAreOrderedByBytes) {
+#ifdef _WIN32
+    GTEST_SKIP() << "Windows file systems ignore case: b and B name one folder";
+#endif
     TempWorkspace ws;
     ws.folder("b");
     ws.folder("B");

@@ -223,7 +223,7 @@ TEST(GameRecord, SaveRewritesTheRecordUnderItsExistingSpelling) {
     TempWorkspace ws;
     ws.writeLines("Game-Paths/G/g.gme", kCreationLines);
     SaveGameRecord(ws.root(), "G", GamePathRecord{});
-    EXPECT_FALSE(ws.exists("Game-Paths/G/G.Gme"));
+    EXPECT_FALSE(ws.listed("Game-Paths/G/G.Gme"));
     EXPECT_EQ(ws.read("Game-Paths/G/g.gme"), crlf({"", "", "", "", "", "", "", "", "-1 ", " 0 ", " 0 ", ""}));
 }
 
@@ -426,7 +426,7 @@ TEST(DeleteGame, SubFolderMakesTheFolderRemovalFailAfterTheFilesAreDeleted) {
     StepRunner runner(collectAndIgnore(errors));
     EXPECT_FALSE(DeleteGame(ws.root(), "G", runner));
     ASSERT_EQ(errors.size(), 1u);
-    EXPECT_FALSE(ws.exists("Game-Paths/G/G.Gme"));
+    EXPECT_FALSE(ws.listed("Game-Paths/G/G.Gme"));
     EXPECT_FALSE(ws.exists("Game-Paths/G/Female.cfg"));
     EXPECT_TRUE(ws.exists("Game-Paths/G/sub/keep.txt"));
     EXPECT_EQ(ListGames(ws.root()), std::vector<std::string>{"G"});

@@ -31,7 +31,8 @@ TEST(Catalogue, MissingRecordGivesCouldNotFindWithTheRecordPath) {
     ws.folder("Game-Paths/Quake2");
     const auto result = catalogue(ws, "Quake2");
     EXPECT_FALSE(result.recordFound);
-    EXPECT_EQ(result.message, "Could not find " + ws.path("Game-Paths/Quake2/Quake2.Gme").string());
+    EXPECT_EQ(result.message,
+              "Could not find " + ws.path("Game-Paths/Quake2/Quake2.Gme").make_preferred().string());
     EXPECT_TRUE(result.rows.empty());
 }
 

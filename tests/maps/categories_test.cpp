@@ -144,7 +144,7 @@ TEST(Categories, RenamingDmToUpperCaseDmDoesNothing) {
     EXPECT_EQ(RenameCategory(ws.root(), "Quake2", "dm", "DM").result, RenameResult::Unchanged);
     EXPECT_EQ(RenameCategory(ws.root(), "Quake2", "dm", "").result, RenameResult::Unchanged);
     EXPECT_TRUE(ws.exists("Game-Paths/Quake2/dm.map"));
-    EXPECT_FALSE(ws.exists("Game-Paths/Quake2/DM.map"));
+    EXPECT_FALSE(ws.listed("Game-Paths/Quake2/DM.map"));
 }
 
 TEST(Categories, RenameGivesTheNewNameWithLowerCaseExtension) {

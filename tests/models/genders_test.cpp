@@ -33,7 +33,7 @@ TEST(ModelGenders, EmptyModelsLineSaysNoModelsFolderAndOkOverwritesTheRecord) {
     EXPECT_TRUE(genders.female.empty());
     SaveFemaleList(genders.saveTarget, genders.female);
     EXPECT_EQ(ws.read("Game-Paths/G/G.Gme"), "");
-    EXPECT_FALSE(ws.exists("Game-Paths/G/Female.cfg"));
+    EXPECT_FALSE(ws.listed("Game-Paths/G/Female.cfg"));
 }
 
 TEST(ModelGenders, RecordIsFoundAsGmeWhateverItsCase) {
@@ -107,7 +107,7 @@ TEST(ModelGenders, FemaleListRoundTripsByteForByteBlankLinesIncluded) {
     EXPECT_EQ(genders.female, (Names{"female", "", " Jezebel ", "crakhor"}));
     SaveFemaleList(genders.saveTarget, genders.female);
     EXPECT_EQ(ws.read("Game-Paths/G/female.CFG"), bytes);
-    EXPECT_FALSE(ws.exists("Game-Paths/G/Female.cfg"));
+    EXPECT_FALSE(ws.listed("Game-Paths/G/Female.cfg"));
 }
 
 TEST(ModelGenders, ModelsFolderWithoutTrailingSeparatorAndMissingFolderGiveNoModels) {

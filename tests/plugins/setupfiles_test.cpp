@@ -147,8 +147,8 @@ TEST(PluginSetup, FullSetupRoundTripsByteForByte) {
     EXPECT_EQ(ws.read("Plug-Ins/B/Setup.cfg"), crlf(kFullSetup));
     EXPECT_EQ(ws.read("Plug-Ins/B/ChatFiles.cfg"), crlf({"one.txt", "", "three.txt"}));
     EXPECT_EQ(ws.read("Plug-Ins/B/Skills.cfg"), crlf({"2", "Easy", "Hard"}));
-    EXPECT_FALSE(ws.exists("Plug-Ins/B/Setup.Cfg"));
-    EXPECT_FALSE(ws.exists("Plug-Ins/B/Chatfiles.cfg"));
+    EXPECT_FALSE(ws.listed("Plug-Ins/B/Setup.Cfg"));
+    EXPECT_FALSE(ws.listed("Plug-Ins/B/Chatfiles.cfg"));
 }
 
 TEST(PluginSetup, FilesAreTestedAndOpenedWithoutRegardToCase) {

@@ -110,7 +110,7 @@ TEST(WizardCommands, EmptyListWithoutAFileWritesNothing) {
     TempWorkspace ws;
     ws.folder("Plug-Ins/B");
     EXPECT_FALSE(SaveWizardCommands(ws.root(), "B", {}));
-    EXPECT_FALSE(ws.exists("Plug-Ins/B/ExecCommands.cfg"));
+    EXPECT_FALSE(ws.listed("Plug-Ins/B/ExecCommands.cfg"));
 }
 
 TEST(WizardCommands, ListRoundTripsByteForByte) {
@@ -122,7 +122,7 @@ TEST(WizardCommands, ListRoundTripsByteForByte) {
     ASSERT_EQ(load.commands.size(), 3u);
     EXPECT_TRUE(SaveWizardCommands(ws.root(), "B", load.commands));
     EXPECT_EQ(ws.read("Plug-Ins/B/execcommands.cfg"), bytes);
-    EXPECT_FALSE(ws.exists("Plug-Ins/B/ExecCommands.cfg"));
+    EXPECT_FALSE(ws.listed("Plug-Ins/B/ExecCommands.cfg"));
 }
 
 TEST(WizardCommands, BinaryGarbageAndLongLinesAreTakenAsTheyAre) {

@@ -193,6 +193,9 @@ TEST(AddBot, MissingPlugInsFolderFailsThroughTheTrap) {
 }
 
 TEST(AddBot, BaseFilesDifferingOnlyInCaseAreCopiedOnce) {
+#ifdef _WIN32
+    GTEST_SKIP() << "Windows file systems ignore case: SETUP.CFG and setup.cfg are one file";
+#endif
     TempWorkspace ws;
     ws.write("Plug-Ins/Base/SETUP.CFG", "upper");
     ws.write("Plug-Ins/Base/setup.cfg", "lower");

@@ -1,24 +1,33 @@
 #include "tests/support/workspace_data.h"
 
 #include <atomic>
+#include <cstdlib>
 #include <fstream>
 #include <random>
 #include <sstream>
 #include <stdexcept>
-#include <unistd.h>
 
 namespace rd::test {
 
 namespace fs = std::filesystem;
 
+fs::path testTempFolder() {
+    const char* chosen = std::getenv("ROSTERDESK_TEST_TEMP");
+    if (chosen && *chosen)
+        return fs::path(chosen);
+    return fs::temp_directory_path();
+}
+
 TempWorkspace::TempWorkspace() {
     static std::atomic<int> counter{0};
+    // A random part chosen once per process tells parallel test programs apart.
+    static const unsigned long long process = std::random_device{}();
     std::random_device random;
-    const fs::path base = fs::temp_directory_path() / "rosterdesk-tests";
+    const fs::path base = testTempFolder() / "rosterdesk-tests";
     fs::create_directories(base);
     for (;;) {
-        fs::path candidate = base / ("ws-" + std::to_string(::getpid()) + "-" + std::to_string(counter++) +
-                                     "-" + std::to_string(random() % 100000));
+        fs::path candidate = base / ("ws-" + std::to_string(process % 1000000) + "-" +
+                                     std::to_string(counter++) + "-" + std::to_string(random() % 100000));
         if (fs::create_directory(candidate)) {
             root_ = candidate;
             break;
@@ -55,6 +64,15 @@ std::string TempWorkspace::read(std::string_view relative) const {
 
 bool TempWorkspace::exists(std::string_view relative) const {
     return fs::exists(path(relative));
+}
+
+bool TempWorkspace::listed(std::string_view relative) const {
+    const fs::path wanted = path(relative);
+    std::error_code ec;
+    for (fs::directory_iterator it(wanted.parent_path(), ec), end; !ec && it != end; it.increment(ec))
+        if (it->path().filename() == wanted.filename())
+            return true;
+    return false;
 }
 
 std::string crlf(const std::vector<std::string>& lines) {

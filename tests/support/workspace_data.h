@@ -9,6 +9,10 @@
 
 namespace rd::test {
 
+// The folder temporary workspaces are made in: ROSTERDESK_TEST_TEMP when set, else the system's
+// temporary folder.
+std::filesystem::path testTempFolder();
+
 class TempWorkspace {
 public:
     TempWorkspace();
@@ -28,6 +32,9 @@ public:
     // The file's bytes; throws when it cannot be read.
     std::string read(std::string_view relative) const;
     bool exists(std::string_view relative) const;
+    // Whether the folder's listing holds an entry spelled exactly as the path's last part (on a
+    // file system that ignores case, exists() is true for every spelling; this is not).
+    bool listed(std::string_view relative) const;
 
 private:
     std::filesystem::path root_;

@@ -183,7 +183,8 @@ TEST(CliCatalogue, MissingRecordIsStatusTwoWithCouldNotFind) {
     const CliRun run = cli(ws, {"catalogue", "Quake2"});
     EXPECT_EQ(run.status, 2);
     EXPECT_EQ(run.out, "");
-    EXPECT_EQ(run.err, "Could not find " + ws.path("Game-Paths/Quake2/Quake2.Gme").string() + "\n");
+    EXPECT_EQ(run.err,
+              "Could not find " + ws.path("Game-Paths/Quake2/Quake2.Gme").make_preferred().string() + "\n");
 }
 
 TEST(CliRules, MakeKeyReadsTheDefinitionFile) {

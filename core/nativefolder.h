@@ -1,0 +1,24 @@
+#pragma once
+// Folder listings and name look-ups through the operating system: the one place where reading a
+// folder meets POSIX calls or the Windows API. Names are code-page bytes.
+
+#include "core/workspace.h"
+
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace rd::native {
+
+// Every entry of `folder` except "." and "..", in the order the system gives them. A folder that
+// is missing or cannot be read lists as empty.
+std::vector<DirEntry> readFolder(const std::filesystem::path& folder);
+
+// The spelling on disk of the entry `name` in `folder`, when the system finds it by that name:
+// on POSIX only the exact spelling; on Windows, whose file systems ignore case, any spelling.
+// Nothing when no entry is found this way (the caller may then search the listing).
+std::optional<std::string> directSpelling(const std::filesystem::path& folder, std::string_view name);
+
+} // namespace rd::native
