@@ -121,7 +121,7 @@ frmDMflags::frmDMflags(std::filesystem::path path, QWidget* parent)
 
 void frmDMflags::Form_Load() {
     applyUserFont(this);
-    const QString file = pathText(path_);
+    const QString file = pathForScreen(path_);
     lblFilename->setText(file);
     lblFilename->setToolTip(file);
 

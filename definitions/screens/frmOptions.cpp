@@ -128,7 +128,7 @@ frmOptions::frmOptions(std::filesystem::path path, std::string gameName, std::fi
 
 void frmOptions::Form_Load() {
     applyUserFont(this);
-    const QString file = pathText(path_);
+    const QString file = pathForScreen(path_);
     lblFilename->setText(file);
     lblFilename->setToolTip(file);
 

@@ -188,7 +188,7 @@ void selectRow(QTreeWidget* view, QTreeWidgetItem* item) {
     view->scrollToItem(item);
 }
 
-QString pathText(const std::filesystem::path& path) {
+QString pathForScreen(const std::filesystem::path& path) {
     QString text;
     try {
         text = QString::fromStdU16String(path.u16string());

@@ -55,6 +55,6 @@ int selectedRow(const QTreeWidget* view);
 void selectRow(QTreeWidget* view, QTreeWidgetItem* item);
 
 // A file path as the user reads it (native separators).
-QString pathText(const std::filesystem::path& path);
+QString pathForScreen(const std::filesystem::path& path);
 
 } // namespace rd
