@@ -3,7 +3,8 @@
 //
 // Three environment variables serve scripts and tests (the command line belongs to the launcher):
 //   ROSTERDESK_SCREENSHOT=<file>  save a picture of the first screen, then quit;
-//   ROSTERDESK_REPORT_START=1     print the start-up decision and the first screen, then quit;
+//   ROSTERDESK_REPORT_START=1     print the workspace, the start-up decision and the first screen,
+//                                 then quit;
 //   ROSTERDESK_PROMPTS=print      print every message box and input box instead of showing it and
 //                                 answer it from a script, so a test can run the program to its
 //                                 end (core/screens/scriptedprompts.h).
@@ -58,7 +59,9 @@ int main(int argc, char** argv) {
     QApplication app(argc, argv);
     QApplication::setApplicationName(QStringLiteral("RosterDesk"));
 
-    const std::filesystem::path root = rd::workspaceRoot(rd::programFolder(argv[0]));
+    std::error_code noCurrentFolder;
+    const std::filesystem::path root =
+        rd::desktopWorkspaceRoot(rd::programFolder(argv[0]), std::filesystem::current_path(noCurrentFolder));
     const rd::StartupDecision decision = rd::decideStartup(commandLine);
     rd::setUserFont(rd::UserFont{decision.fontSize, decision.fontName});
     app.setProperty("helpFile", QString::fromStdString(rd::helpFilePath(root).string()));
@@ -73,7 +76,8 @@ int main(int argc, char** argv) {
 
     if (const char* report = std::getenv("ROSTERDESK_REPORT_START"); report && *report) {
         QTimer::singleShot(0, [&] {
-            std::printf("route=%s\nargument=%s\nscreen=%s\nfontSize=%d\nfontName=%s\n",
+            std::printf("root=%s\nroute=%s\nargument=%s\nscreen=%s\nfontSize=%d\nfontName=%s\n",
+                        QString::fromStdU16String(root.u16string()).toUtf8().constData(),
                         rd::firstScreenName(decision.screen), rd::cp1252ToUtf8(decision.argument).c_str(),
                         firstName.toUtf8().constData(), decision.fontSize,
                         rd::cp1252ToUtf8(decision.fontName).c_str());

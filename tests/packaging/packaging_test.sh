@@ -12,13 +12,18 @@ trap 'rm -rf "$scratch"' EXIT
 
 fail() { echo "FAIL: $*" >&2; exit 1; }
 
-# Runs an installed rosterdesk offscreen on an empty workspace and checks it opened its main window.
+# Runs an installed rosterdesk offscreen on a workspace named by ROSTERDESK_ROOT, then from a
+# workspace as the current folder (an installed program has no workspace in its own folder), and
+# checks it opened its main window on that workspace each time.
 starts() {
     local exe=$1
-    mkdir -p "$scratch/workspace/Plug-Ins/Eraser"
+    mkdir -p "$scratch/workspace/Plug-Ins/Eraser" "$scratch/here/Game-Paths"
     local report
     report=$(ROSTERDESK_ROOT="$scratch/workspace" QT_QPA_PLATFORM=offscreen ROSTERDESK_REPORT_START=1 "$exe")
     grep -qx 'screen=frmMain' <<<"$report" || fail "$exe did not open its main window: $report"
+    grep -qx "root=$scratch/workspace" <<<"$report" || fail "$exe did not take ROSTERDESK_ROOT: $report"
+    report=$(cd "$scratch/here" && env -u ROSTERDESK_ROOT QT_QPA_PLATFORM=offscreen ROSTERDESK_REPORT_START=1 "$exe")
+    grep -qx "root=$scratch/here" <<<"$report" || fail "$exe did not take the current folder: $report"
 }
 
 case $check in
