@@ -14,7 +14,6 @@
 #include <QApplication>
 #include <QDir>
 #include <QEventLoop>
-#include <QTemporaryDir>
 #include <QTimer>
 #include <QWidget>
 #include <cstdio>
@@ -60,11 +59,12 @@ int main(int argc, char** argv) {
         std::fprintf(stderr, "usage: rosterdesk-screenshots WORKSPACE OUTPUT-FOLDER | --list\n");
         return 2;
     }
-    QTemporaryDir scratch;
-    const fs::path copy = fs::path(scratch.path().toStdString()) / "workspace";
+    // A copy under a fixed name, so the paths the screens show are the same in every picture run.
     std::error_code ec;
+    const fs::path copy = fs::temp_directory_path(ec) / "RosterDesk Demo";
+    fs::remove_all(copy, ec);
     fs::copy(fs::path(argv[1]), copy, fs::copy_options::recursive, ec);
-    if (ec || !scratch.isValid()) {
+    if (ec) {
         std::fprintf(stderr, "cannot copy the workspace %s: %s\n", argv[1], ec.message().c_str());
         return 1;
     }
@@ -72,5 +72,7 @@ int main(int argc, char** argv) {
     QDir().mkpath(output);
     rd::ScriptedPrompts quiet({}, {});
     rd::Prompts::install(&quiet);
-    return rd::forEachScreen(copy, [&](QWidget* screen) { return shoot(screen, output); }) ? 0 : 1;
+    const bool ok = rd::forEachScreen(copy, [&](QWidget* screen) { return shoot(screen, output); });
+    fs::remove_all(copy, ec);
+    return ok ? 0 : 1;
 }
