@@ -2,6 +2,7 @@
 
 #include "core/screens/frmZoom.h"
 #include "core/screens/help.h"
+#include "core/screens/qtext.h"
 #include "definitions/screens/frmChooseList.h"
 #include "definitions/screens/frmDMflags.h"
 #include "definitions/screens/frmEditDMflag.h"
@@ -14,6 +15,7 @@
 #include "dialogs/frmFindFolder.h"
 #include "dialogs/frmPickFromLV.h"
 #include "dialogs/frmRDabout.h"
+#include "games/gamerecord.h"
 #include "games/screens/frmEditGame.h"
 #include "games/screens/frmGame.h"
 #include "games/screens/frmGameTemplate.h"
@@ -148,7 +150,12 @@ bool forEachScreen(const std::filesystem::path& root, const std::function<bool(Q
     if (!visit(std::make_unique<rd::frmSex>(root).get()))
         return false;
 
-    if (!visit(std::make_unique<rd::frmFindFolder>(QString::fromStdString(root.string())).get()))
+    // The folder picker as the game editor opens it: at the game's program folder.
+    StepRunner quiet([](const std::string&) { return TrapChoice::Ignore; });
+    const std::optional<GamePathRecord> record = LoadGameRecord(root, "Quake2", quiet);
+    const QString start =
+        record ? fromBytes(record->txtLocationOfExe) : QString::fromStdString(root.string());
+    if (!visit(std::make_unique<rd::frmFindFolder>(start).get()))
         return false;
     if (!visit(std::make_unique<rd::frmRDabout>().get()))
         return false;
