@@ -75,7 +75,8 @@ TEST(MapsStartup, WithoutGamesTheChooserSaysSoAndTheProgramEnds) {
                                      {"QT_QPA_PLATFORM", "offscreen"},
                                      {"ROSTERDESK_PROMPTS", "print"}});
     EXPECT_EQ(r.status, 0) << r.err;
-    EXPECT_EQ(r.out, "prompt: message title=\"Roster Desk\" icon=Exclamation buttons=Ok "
-                     "text=\"No games have yet been created.\\r\\nMost likely, you have not installed Tarnwick "
-                     "properly.Run the main program first before trying this\" answer=Ok\n");
+    EXPECT_EQ(r.out,
+              "prompt: message title=\"Roster Desk\" icon=Exclamation buttons=Ok "
+              "text=\"No games have yet been created.\\r\\nMost likely, you have not installed Tarnwick "
+              "properly.Run the main program first before trying this\" answer=Ok\n");
 }
