@@ -7,6 +7,8 @@
 #include <string>
 #include <vector>
 
+namespace bots_startup_test {
+
 using rd::test::ProgramRun;
 using rd::test::runProgram;
 using rd::test::TempWorkspace;
@@ -86,3 +88,5 @@ TEST(BotStartup, AQuotedBotNameWithBlanksIsOneName) {
     EXPECT_EQ(run.status, 0) << run.err;
     EXPECT_TRUE(contains(run.out, "text=\"Could not find Eraser Two\" answer=Ok\n")) << run.out;
 }
+
+} // namespace bots_startup_test

@@ -7,6 +7,8 @@
 #include <gtest/gtest.h>
 #include <string>
 
+namespace games_startup_test {
+
 using rd::test::crlf;
 using rd::test::ProgramRun;
 using rd::test::runProgram;
@@ -87,3 +89,5 @@ TEST(GamesStartup, MissingGameEndsTheProgramAlsoWithoutGamePaths) {
     EXPECT_NE(r.out.find("Nothing.Gme - not found\" answer=Ok\n"), std::string::npos) << r.out;
     EXPECT_FALSE(ws.exists("Game-Paths"));
 }
+
+} // namespace games_startup_test

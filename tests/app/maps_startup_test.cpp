@@ -7,6 +7,8 @@
 #include <string>
 #include <vector>
 
+namespace maps_startup_test {
+
 using rd::test::ProgramRun;
 using rd::test::runProgram;
 using rd::test::TempWorkspace;
@@ -80,3 +82,5 @@ TEST(MapsStartup, WithoutGamesTheChooserSaysSoAndTheProgramEnds) {
               "text=\"No games have yet been created.\\r\\nMost likely, you have not installed Tarnwick "
               "properly.Run the main program first before trying this\" answer=Ok\n");
 }
+
+} // namespace maps_startup_test

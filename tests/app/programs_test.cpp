@@ -6,6 +6,8 @@
 #include <nlohmann/json.hpp>
 #include <string>
 
+namespace programs_test {
+
 using rd::test::ProgramRun;
 using rd::test::runProgram;
 using rd::test::TempWorkspace;
@@ -137,3 +139,5 @@ TEST(Cli, UsageErrorsExitWithTwoAndPrintNothing) {
     EXPECT_EQ(r.status, 2);
     EXPECT_EQ(r.out, "");
 }
+
+} // namespace programs_test

@@ -12,6 +12,8 @@
 #include <string>
 #include <vector>
 
+namespace screenshots_test {
+
 namespace fs = std::filesystem;
 using rd::test::ProgramRun;
 using rd::test::runProgram;
@@ -64,3 +66,5 @@ TEST(Screenshots, EveryScreenRendersOnTheDemoWorkspace) {
         EXPECT_GT(fs::exists(out / (name + ".png")) ? fs::file_size(out / (name + ".png")) : 0u, 1000u)
             << name;
 }
+
+} // namespace screenshots_test

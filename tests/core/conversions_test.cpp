@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+namespace conversions_test {
+
 using namespace rd;
 
 TEST(Conversions, NumericTextsAfterTrimmingBlanks) {
@@ -68,3 +70,5 @@ TEST(Conversions, FlagsAreOffOnlyForZeroOrFalse) {
     for (const char* t : {"1", " 1 ", "2", "True", "yes", ""})
         EXPECT_TRUE(flagFromText(t)) << t;
 }
+
+} // namespace conversions_test

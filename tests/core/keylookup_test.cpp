@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+namespace keylookup_test {
+
 using rd::KeyLookup;
 using rd::lookupKey;
 
@@ -59,3 +61,5 @@ TEST(KeyLookup, BlankAfterEqualsRunsToTheNextBlankAfterIt) {
 TEST(KeyLookup, DoubleQuotedValue) {
     EXPECT_EQ(lookupKey("FONTNAME=\"MS Sans Serif\" x", "FONTNAME"), "MS Sans Serif");
 }
+
+} // namespace keylookup_test

@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+namespace lineendings_test {
+
 using namespace rd;
 using rd::test::TempWorkspace;
 
@@ -122,3 +124,5 @@ TEST(LineEndingsAudit, AFileReadTwiceIsListedOnce) {
     readAllLines(ws.path("a.cfg"));
     EXPECT_EQ(audit.files().size(), 1u);
 }
+
+} // namespace lineendings_test

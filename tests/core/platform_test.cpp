@@ -13,6 +13,8 @@
 #include <gtest/gtest.h>
 #include <random>
 
+namespace platform_test {
+
 using namespace rd;
 using rd::test::TempWorkspace;
 
@@ -104,3 +106,5 @@ TEST(Platform, RenamingChangesTheLetterCaseAlone) {
     EXPECT_EQ(ws.read("FRED/profile.cfg"), "Eraser\r\n");
     EXPECT_EQ(listDirectory(ws.root()).size(), 1u);
 }
+
+} // namespace platform_test

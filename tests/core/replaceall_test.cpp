@@ -7,6 +7,8 @@
 #include <random>
 #include <string>
 
+namespace replaceall_test {
+
 using rd::ReplaceAll;
 
 TEST(ReplaceAll, EmptySourceComesBackEmpty) {
@@ -116,3 +118,5 @@ TEST(ReplaceAll, AgreesWithSearchingFromTheBeginningEveryTime) {
     }
     EXPECT_GT(compared, 5000);
 }
+
+} // namespace replaceall_test

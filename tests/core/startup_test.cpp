@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+namespace startup_test {
+
 using namespace rd;
 
 TEST(StartUp, EmptyCommandLineOpensTheMainWindowWithTheDesignedFonts) {
@@ -103,3 +105,5 @@ TEST(StartUp, CommandLineIsTheArgumentsJoinedByOneBlank) {
     EXPECT_EQ(joinCommandLine(5, argv), "FONTNAME='MS Sans Serif' GAME=Quake2");
     EXPECT_EQ(decideStartup(joinCommandLine(5, argv)).fontName, "MS Sans Serif");
 }
+
+} // namespace startup_test

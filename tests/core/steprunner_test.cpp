@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+namespace steprunner_test {
+
 using namespace rd;
 
 TEST(StepRunner, StepsRunInOrderWhenNothingFails) {
@@ -47,3 +49,5 @@ TEST(StepRunner, RetryRepeatsUntilTheStepSucceeds) {
     EXPECT_EQ(attempts, 3);
     EXPECT_EQ(calls, 2);
 }
+
+} // namespace steprunner_test

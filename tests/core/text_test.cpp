@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+namespace text_test {
+
 using namespace rd;
 
 TEST(CodePage, UpperCaseCoversAccentedLettersAndTheFourPairs) {
@@ -39,3 +41,5 @@ TEST(CodePage, TrimRemovesBlanksOnly) {
     EXPECT_EQ(trimLeft("  a "), "a ");
     EXPECT_EQ(trimRight("  a "), "  a");
 }
+
+} // namespace text_test

@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+namespace textfile_test {
+
 using namespace rd;
 using rd::test::TempWorkspace;
 
@@ -122,3 +124,5 @@ TEST(TextFile, LinesLongerThanTheReadBufferKeepTheirTerminatorRules) {
     const std::string b(70000, 'b');
     EXPECT_EQ(linesOf(ws, "long.cfg", a + "\r\n" + b + "\n"), (std::vector<std::string>{a, b}));
 }
+
+} // namespace textfile_test

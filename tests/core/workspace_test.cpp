@@ -5,6 +5,8 @@
 #include <cstdlib>
 #include <gtest/gtest.h>
 
+namespace workspace_test {
+
 using namespace rd;
 using rd::test::TempWorkspace;
 
@@ -137,3 +139,5 @@ TEST(Workspace, PathsFromDataFilesAcceptBothSeparatorsAndAnyCase) {
     const std::string text = ws.root().string() + "\\quake2\\baseq2/MAPS\\";
     EXPECT_EQ(pathFromData(text), ws.path("Quake2/BaseQ2/maps"));
 }
+
+} // namespace workspace_test

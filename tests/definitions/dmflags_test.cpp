@@ -4,7 +4,7 @@
 
 #include <gtest/gtest.h>
 
-namespace rd {
+namespace rd::dmflags_test {
 namespace {
 
 using test::crlf;
@@ -142,4 +142,4 @@ TEST(FlagEditor, DropDownsOfferZeroOneAndPowersOfTwoUpTo33554432) {
 }
 
 } // namespace
-} // namespace rd
+} // namespace rd::dmflags_test

@@ -4,7 +4,7 @@
 
 #include <gtest/gtest.h>
 
-namespace rd {
+namespace rd::lists_test {
 namespace {
 
 using test::crlf;
@@ -102,4 +102,4 @@ TEST(ListKind, EmptyGameNameMeansTheGamePathsFolder) {
 }
 
 } // namespace
-} // namespace rd
+} // namespace rd::lists_test

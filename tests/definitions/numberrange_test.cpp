@@ -3,7 +3,7 @@
 #include <clocale>
 #include <gtest/gtest.h>
 
-namespace rd {
+namespace rd::numberrange_test {
 namespace {
 
 TEST(NumberRangeDialog, MinTenMaxOneNoDecimalsGivesOneToTen) {
@@ -72,4 +72,4 @@ TEST(NumberRangeDialog, DecimalPointIsADotWhateverTheLocale) {
 }
 
 } // namespace
-} // namespace rd
+} // namespace rd::numberrange_test

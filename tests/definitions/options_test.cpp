@@ -4,7 +4,7 @@
 
 #include <gtest/gtest.h>
 
-namespace rd {
+namespace rd::options_test {
 namespace {
 
 using test::crlf;
@@ -342,4 +342,4 @@ TEST(DefinitionSet, GameFolderIsBelowGamePaths) {
 }
 
 } // namespace
-} // namespace rd
+} // namespace rd::options_test

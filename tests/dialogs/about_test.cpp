@@ -17,6 +17,8 @@
 #include <cmath>
 #include <gtest/gtest.h>
 
+namespace about_test {
+
 using namespace rd;
 using rd::test::ModalDriver;
 using rd::test::PromptRecorder;
@@ -206,3 +208,5 @@ TEST(SharedDialogs, EachDialogTakesTheUserFontWhenItLoads) {
         EXPECT_EQ(control->font().family(), "Arial") << control->objectName().toStdString();
     }
 }
+
+} // namespace about_test

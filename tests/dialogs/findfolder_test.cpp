@@ -11,6 +11,8 @@
 #include <QTreeView>
 #include <gtest/gtest.h>
 
+namespace findfolder_test {
+
 using namespace rd;
 using rd::test::ModalDriver;
 using rd::test::PromptRecorder;
@@ -160,3 +162,5 @@ TEST(FolderPicker, ChangingTheDriveOpensTheTreeAtThatDrivesCurrentFolder) {
     EXPECT_EQ(picker.openFolder(), QDir::cleanPath(QDir::currentPath()));
     QDir::setCurrent(saved);
 }
+
+} // namespace findfolder_test

@@ -11,6 +11,8 @@
 #include <gtest/gtest.h>
 #include <memory>
 
+namespace pickfromlv_test {
+
 using namespace rd;
 using rd::test::ModalDriver;
 using rd::test::PromptRecorder;
@@ -191,3 +193,5 @@ TEST_F(PickFromList, ModalPickerWritesIntoTheTargetBox) {
     EXPECT_EQ(caption, "Choose Category to Enable");
     EXPECT_EQ(txtParameter->text(), "Bot Options");
 }
+
+} // namespace pickfromlv_test

@@ -15,6 +15,8 @@
 #include <sys/stat.h>
 #endif
 
+namespace checks_test {
+
 using namespace rd;
 using rd::test::concat;
 using rd::test::DoctorWorkspace;
@@ -528,3 +530,5 @@ TEST(DoctorChecks, DefinitionFileThatCannotBeRead) {
     EXPECT_TRUE(onlyFinding(found, Severity::Error, "Game-Paths/Quake2/Opt-User.cfg", std::nullopt,
                             {"cannot be read", why}));
 }
+
+} // namespace checks_test

@@ -9,6 +9,8 @@
 #include <nlohmann/json.hpp>
 #include <set>
 
+namespace cli_test {
+
 using namespace rd;
 using rd::test::concat;
 using rd::test::DoctorWorkspace;
@@ -232,3 +234,5 @@ TEST(DoctorDemo, TheBrokenDemoShowsEveryKindOfFinding) {
     }
     EXPECT_TRUE(error && warning);
 }
+
+} // namespace cli_test

@@ -5,7 +5,7 @@
 
 #include <gtest/gtest.h>
 
-namespace rd {
+namespace rd::cli_test {
 namespace {
 
 using test::crlf;
@@ -111,4 +111,4 @@ TEST(CliTemplate, ResaveRoundTripsATemplateByteForByte) {
 }
 
 } // namespace
-} // namespace rd
+} // namespace rd::cli_test

@@ -7,7 +7,7 @@
 
 #include <gtest/gtest.h>
 
-namespace rd {
+namespace rd::gamerecord_test {
 namespace {
 
 using test::crlf;
@@ -460,4 +460,4 @@ TEST(ListGames, OnlyFoldersCountInListingOrder) {
 }
 
 } // namespace
-} // namespace rd
+} // namespace rd::gamerecord_test

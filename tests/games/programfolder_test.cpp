@@ -4,7 +4,7 @@
 
 #include <gtest/gtest.h>
 
-namespace rd {
+namespace rd::programfolder_test {
 namespace {
 
 TEST(ProgramFolder, Quake2ProgramIsRecognisedWithoutRegardToCaseButAsTyped) {
@@ -37,4 +37,4 @@ TEST(ProgramFolder, MixedFolderKeepsItsEndingAndJoinsWithBackslashes) {
 }
 
 } // namespace
-} // namespace rd
+} // namespace rd::programfolder_test

@@ -4,7 +4,7 @@
 
 #include <gtest/gtest.h>
 
-namespace rd {
+namespace rd::arenas_test {
 namespace {
 
 using test::crlf;
@@ -122,4 +122,4 @@ TEST(ArenaMaps, DeleteRemovesTheArenaFile) {
 }
 
 } // namespace
-} // namespace rd
+} // namespace rd::arenas_test

@@ -5,7 +5,7 @@
 
 #include <gtest/gtest.h>
 
-namespace rd {
+namespace rd::catalogue_test {
 namespace {
 
 using test::buildPak;
@@ -158,4 +158,4 @@ TEST(LooseMapName, BspCutCaseInsensitiveFirstThenCaseSensitive) {
 }
 
 } // namespace
-} // namespace rd
+} // namespace rd::catalogue_test

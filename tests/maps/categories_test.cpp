@@ -5,7 +5,7 @@
 
 #include <gtest/gtest.h>
 
-namespace rd {
+namespace rd::categories_test {
 namespace {
 
 using test::crlf;
@@ -180,4 +180,4 @@ TEST(Categories, DeletingAMissingCategoryRaisesAFileError) {
 }
 
 } // namespace
-} // namespace rd
+} // namespace rd::categories_test

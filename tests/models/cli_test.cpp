@@ -5,7 +5,7 @@
 
 #include <gtest/gtest.h>
 
-namespace rd {
+namespace rd::cli_test {
 namespace {
 
 using test::crlf;
@@ -80,4 +80,4 @@ TEST(CliFemales, MissingFileIsStatusTwo) {
 }
 
 } // namespace
-} // namespace rd
+} // namespace rd::cli_test

@@ -5,7 +5,7 @@
 
 #include <gtest/gtest.h>
 
-namespace rd {
+namespace rd::genders_test {
 namespace {
 
 using test::crlf;
@@ -155,4 +155,4 @@ TEST(ModelGenders, FolderStandingWhereTheFemaleListShouldBeFailsOnSave) {
 }
 
 } // namespace
-} // namespace rd
+} // namespace rd::genders_test

@@ -6,7 +6,7 @@
 
 #include <gtest/gtest.h>
 
-namespace rd {
+namespace rd::addbot_setup_test {
 namespace {
 
 using test::TempWorkspace;
@@ -44,4 +44,4 @@ TEST(AddedBotSetup, BotWithoutBaseLoadsTheDefaults) {
 }
 
 } // namespace
-} // namespace rd
+} // namespace rd::addbot_setup_test

@@ -5,7 +5,7 @@
 
 #include <gtest/gtest.h>
 
-namespace rd {
+namespace rd::cli_test {
 namespace {
 
 using test::crlf;
@@ -186,4 +186,4 @@ TEST(CliWizard, UnknownBotIsStatusTwo) {
 }
 
 } // namespace
-} // namespace rd
+} // namespace rd::cli_test

@@ -7,7 +7,7 @@
 
 #include <gtest/gtest.h>
 
-namespace rd {
+namespace rd::setupfiles_test {
 namespace {
 
 using test::crlf;
@@ -345,4 +345,4 @@ TEST(PluginSetup, FolderStandingWhereSetupShouldBeCountsAsMissingAndFailsOnSave)
 }
 
 } // namespace
-} // namespace rd
+} // namespace rd::setupfiles_test

@@ -5,7 +5,7 @@
 
 #include <gtest/gtest.h>
 
-namespace rd {
+namespace rd::wizard_test {
 namespace {
 
 using test::crlf;
@@ -153,4 +153,4 @@ TEST(WizardCommands, FolderStandingWhereTheListShouldBeFallsBackAndSavingFails) 
 }
 
 } // namespace
-} // namespace rd
+} // namespace rd::wizard_test

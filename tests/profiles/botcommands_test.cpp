@@ -7,7 +7,7 @@
 
 #include <gtest/gtest.h>
 
-namespace rd {
+namespace rd::botcommands_test {
 namespace {
 
 using test::crlf;
@@ -206,4 +206,4 @@ TEST(AddBot, BaseFilesDifferingOnlyInCaseAreCopiedOnce) {
 }
 
 } // namespace
-} // namespace rd
+} // namespace rd::botcommands_test

@@ -6,6 +6,8 @@
 #include <sys/stat.h>
 #endif
 
+namespace profiles_test {
+
 using namespace rd;
 using rd::test::TempWorkspace;
 
@@ -110,3 +112,5 @@ TEST(Profiles, OnlyTheFirstLineOfProfileCfgIsCompared) {
     EXPECT_EQ(GetProfileList(ws.root(), true, std::string("ERASER"), noErrors),
               (std::vector<std::string>{"Team A"}));
 }
+
+} // namespace profiles_test

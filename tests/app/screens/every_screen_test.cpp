@@ -19,6 +19,8 @@
 #include <gtest/gtest.h>
 #include <set>
 
+namespace every_screen_test {
+
 namespace fs = std::filesystem;
 using rd::test::PromptRecorder;
 using rd::test::TempWorkspace;
@@ -149,3 +151,5 @@ TEST(EveryScreen, EveryControlAMouseCanFocusTheKeyboardCanReachToo) {
         return true;
     });
 }
+
+} // namespace every_screen_test

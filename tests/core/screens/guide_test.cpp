@@ -11,6 +11,8 @@
 // The user guide as compiled into the program: every page reachable from the index, every link
 // and picture pointing at something that is there.
 
+namespace guide_test {
+
 namespace {
 
 QStringList guidePages() {
@@ -86,3 +88,5 @@ TEST(Guide, EveryPageHasATitleAndALinkBackToTheContents) {
         }
     }
 }
+
+} // namespace guide_test

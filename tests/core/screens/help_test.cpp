@@ -13,6 +13,8 @@
 #include <gtest/gtest.h>
 #include <memory>
 
+namespace help_test {
+
 using namespace rd;
 using rd::test::PromptRecorder;
 using rd::test::TempWorkspace;
@@ -122,3 +124,5 @@ TEST(Help, LinksBetweenPagesWorkAndBackReturns) {
     EXPECT_EQ(help->currentPage(), QString("index.html"));
     closeHelpWindows();
 }
+
+} // namespace help_test

@@ -9,6 +9,8 @@
 #include <QTreeWidget>
 #include <gtest/gtest.h>
 
+namespace listhelpers_test {
+
 using namespace rd;
 
 namespace {
@@ -428,3 +430,5 @@ TEST(DropDownList, EditableListTakesTheMoveKeysInItsTextToo) {
     EXPECT_EQ(combo.itemText(1), "alpha");
     EXPECT_EQ(combo.currentIndex(), 0);
 }
+
+} // namespace listhelpers_test

@@ -5,6 +5,8 @@
 #include <gtest/gtest.h>
 #include <stdexcept>
 
+namespace prompts_test {
+
 using namespace rd;
 using rd::test::PromptRecorder;
 
@@ -55,3 +57,5 @@ TEST(ErrorTrap, AbortLeavesTheRestOfTheStepsUnrun) {
     EXPECT_FALSE(second);
     EXPECT_TRUE(runner.aborted());
 }
+
+} // namespace prompts_test

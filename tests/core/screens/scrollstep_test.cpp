@@ -8,6 +8,8 @@
 #include <QWidget>
 #include <gtest/gtest.h>
 
+namespace scrollstep_test {
+
 using rd::steppedNumberText;
 
 TEST(ScrollStep, OneStepUpOrDownFromTheBoxNumber) {
@@ -86,3 +88,5 @@ TEST(ScrollStep, UpAndDownInTheBoxStepTheNumber) {
     QTest::keyClicks(box, "5"); // other keys type as usual
     EXPECT_EQ(box->text(), QString("95"));
 }
+
+} // namespace scrollstep_test

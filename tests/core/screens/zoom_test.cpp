@@ -12,6 +12,8 @@
 #include <QVBoxLayout>
 #include <gtest/gtest.h>
 
+namespace zoom_test {
+
 using namespace rd;
 using rd::test::ModalDriver;
 
@@ -343,3 +345,5 @@ TEST(ZoomEditor, TheEditorTakesTheUserFontWhenItLoads) {
     EXPECT_EQ(zoom.txtText->font().family(), "Courier New");
     EXPECT_EQ(zoom.cmdOK->font().pointSize(), 14);
 }
+
+} // namespace zoom_test

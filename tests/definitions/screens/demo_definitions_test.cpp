@@ -12,6 +12,8 @@
 #include <gtest/gtest.h>
 #include <set>
 
+namespace demo_definitions_test {
+
 using namespace rd;
 using namespace rd::test;
 
@@ -82,3 +84,5 @@ TEST(DemoDefinitions, EveryDefinitionFileComesBackByteForByteFromTheScreens) {
         }
     }
 }
+
+} // namespace demo_definitions_test

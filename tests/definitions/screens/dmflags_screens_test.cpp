@@ -17,6 +17,8 @@
 #include <QPushButton>
 #include <gtest/gtest.h>
 
+namespace dmflags_screens_test {
+
 using namespace rd;
 using namespace rd::test;
 
@@ -456,3 +458,5 @@ TEST_F(FlagList, DamagedFlagFileOpensWithWhatCanBeRead) {
     EXPECT_EQ(savedAfter(*form),
               crlf({"[Items]", "No Health", "", "<DMFlags>\t1\t\t", "Cut Short", "", "\t\t\t"}));
 }
+
+} // namespace dmflags_screens_test

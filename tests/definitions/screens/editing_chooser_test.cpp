@@ -17,6 +17,8 @@
 #include <QRadioButton>
 #include <gtest/gtest.h>
 
+namespace editing_chooser_test {
+
 using namespace rd;
 using namespace rd::test;
 
@@ -238,3 +240,5 @@ TEST(MainWindowOptions, EditOptionsOpensTheDefinitionSetChooser) {
     EXPECT_EQ(caption, QString("Editing Options"));
     EXPECT_EQ(games, (QStringList{"Quake2"}));
 }
+
+} // namespace editing_chooser_test

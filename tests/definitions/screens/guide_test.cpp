@@ -12,6 +12,8 @@
 #include <QTextBrowser>
 #include <gtest/gtest.h>
 
+namespace guide_test {
+
 using namespace rd;
 using namespace rd::test;
 
@@ -73,3 +75,5 @@ TEST(DefinitionsGuide, F1InTheFlagListOpensItsPage) {
     EXPECT_EQ(help->currentPage(), QString("frmDMflags.html"));
     help->close();
 }
+
+} // namespace guide_test

@@ -17,6 +17,8 @@
 #include <QRadioButton>
 #include <gtest/gtest.h>
 
+namespace lists_screens_test {
+
 using namespace rd;
 using namespace rd::test;
 
@@ -458,3 +460,5 @@ TEST_F(Lists, F2ZoomsBothItemFields) {
         EXPECT_EQ(box->text(), QString("zoomed"));
     }
 }
+
+} // namespace lists_screens_test

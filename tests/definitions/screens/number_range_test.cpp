@@ -11,6 +11,8 @@
 #include <gtest/gtest.h>
 #include <memory>
 
+namespace number_range_test {
+
 using namespace rd;
 using namespace rd::test;
 
@@ -140,3 +142,5 @@ TEST(NumberRange, WithoutAParameterFieldOKChangesNothing) {
     click(dialog.cmdOK);
     EXPECT_FALSE(dialog.isVisible());
 }
+
+} // namespace number_range_test

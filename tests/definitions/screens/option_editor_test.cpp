@@ -23,6 +23,8 @@
 #include <QRadioButton>
 #include <gtest/gtest.h>
 
+namespace option_editor_test {
+
 using namespace rd;
 using namespace rd::test;
 
@@ -662,3 +664,5 @@ TEST_F(OptionEditor, ZoomedNameComesBackIntoTheField) {
     ASSERT_TRUE(driver.acted());
     EXPECT_EQ(e->txtName->text(), QString("Long Name"));
 }
+
+} // namespace option_editor_test

@@ -16,6 +16,8 @@
 #include <QTreeWidget>
 #include <gtest/gtest.h>
 
+namespace option_list_test {
+
 using namespace rd;
 using namespace rd::test;
 
@@ -440,3 +442,5 @@ TEST_F(OptionList, TheListFollowsTheScreenWhenResized) {
     EXPECT_GT(form->lvOptions->width(), small.width());
     EXPECT_GT(form->lvOptions->height(), small.height());
 }
+
+} // namespace option_list_test

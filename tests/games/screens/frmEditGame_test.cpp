@@ -28,6 +28,8 @@
 #include <gtest/gtest.h>
 #include <memory>
 
+namespace frmEditGame_test {
+
 using namespace rd;
 using rd::test::crlf;
 using rd::test::DesktopRecorder;
@@ -826,3 +828,5 @@ TEST(GameEditor, TabGoesAlongEachRowThenDownAsTheFieldsAreLaidOut) {
                            "cmdEditBatch", "txtModelName", "cboStartType", "chkLaunchBatchDirect",
                            "chkFinishSample", "cmdBatchNote", "cmdTemplate", "cmdOK", "cmdCancel"}));
 }
+
+} // namespace frmEditGame_test

@@ -18,6 +18,8 @@
 #include <gtest/gtest.h>
 #include <memory>
 
+namespace frmGameTemplate_test {
+
 using namespace rd;
 using rd::test::crlf;
 using rd::test::ModalDriver;
@@ -198,3 +200,5 @@ TEST(GameTemplateEditor, F1OpensTheGuidePageOfTheTemplateEditor) {
     EXPECT_EQ(help->currentPage(), QString("frmGameTemplate.html"));
     help->close();
 }
+
+} // namespace frmGameTemplate_test

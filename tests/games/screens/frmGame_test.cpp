@@ -17,6 +17,8 @@
 #include <map>
 #include <memory>
 
+namespace frmGame_test {
+
 using namespace rd;
 using rd::test::crlf;
 using rd::test::ModalDriver;
@@ -398,3 +400,5 @@ TEST(GamesList, F1OpensTheGuidePageOfTheGamesList) {
     EXPECT_EQ(help->currentPage(), QString("frmGame.html"));
     help->close();
 }
+
+} // namespace frmGame_test

@@ -10,6 +10,8 @@
 #include <QTest>
 #include <gtest/gtest.h>
 
+namespace mainwindow_games_test {
+
 using namespace rd;
 using rd::test::ModalDriver;
 using rd::test::TempWorkspace;
@@ -50,3 +52,5 @@ TEST(MainWindowGames, AltGOpensTheGamesListFromTheKeyboard) {
     // A button's key presses it the way a click does, a moment later.
     EXPECT_TRUE(QTest::qWaitFor([&] { return driver.acted(); }, 3000));
 }
+
+} // namespace mainwindow_games_test

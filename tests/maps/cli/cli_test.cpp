@@ -8,7 +8,7 @@
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
 
-namespace rd {
+namespace rd::cli_test {
 namespace {
 
 using nlohmann::json;
@@ -233,4 +233,4 @@ TEST(CliText, CodePageBytesComeOutAsUtf8) {
 }
 
 } // namespace
-} // namespace rd
+} // namespace rd::cli_test

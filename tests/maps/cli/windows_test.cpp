@@ -67,3 +67,5 @@ TEST(CliOnWindows, OutputEndsInALineFeedAsOnEverySystem) {
 } // namespace rd
 
 #endif
+
+namespace windows_test {} // namespace windows_test

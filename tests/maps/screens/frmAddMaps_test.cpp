@@ -15,6 +15,8 @@
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
+namespace frmAddMaps_test {
+
 using namespace rd;
 using rd::test::clickRow;
 using rd::test::doubleClickRow;
@@ -262,3 +264,5 @@ TEST(AddMapScreen, TheFilterAndTheListAreNamedByTheirLabels) {
     EXPECT_FALSE(s.form->lvMaps->accessibleName().isEmpty());
     EXPECT_EQ(s.form->cmdClose->text(), QString("&Close"));
 }
+
+} // namespace frmAddMaps_test

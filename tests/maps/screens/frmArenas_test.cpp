@@ -13,6 +13,8 @@
 #include <QTest>
 #include <gtest/gtest.h>
 
+namespace frmArenas_test {
+
 using namespace rd;
 using rd::test::clickRow;
 using rd::test::crlf;
@@ -293,3 +295,5 @@ TEST(ArenaChooser, AltCClosesTheScreen) {
     // A mnemonic presses its button as a click does, with the button shown pressed for a moment.
     EXPECT_TRUE(QTest::qWaitFor([&] { return !form.isVisible(); }, 2000));
 }
+
+} // namespace frmArenas_test

@@ -15,6 +15,8 @@
 #include <QTreeWidget>
 #include <gtest/gtest.h>
 
+namespace frmCustomMapEditor_test {
+
 using namespace rd;
 using rd::test::clickRow;
 using rd::test::crlf;
@@ -384,3 +386,5 @@ TEST(CategoryChooser, LabelsNameTheirControlsAndTheButtonsCarryTheirCaptions) {
     EXPECT_EQ(form.cmdEdit->text(), QString("&Edit"));
     EXPECT_EQ(form.cmdClose->text(), QString("&Close"));
 }
+
+} // namespace frmCustomMapEditor_test

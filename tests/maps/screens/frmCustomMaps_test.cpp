@@ -21,6 +21,8 @@
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
+namespace frmCustomMaps_test {
+
 using namespace rd;
 using rd::test::clickEntry;
 using rd::test::clickRow;
@@ -530,3 +532,5 @@ TEST(CategoryEditor, AFileThatCannotBeReadIsReportedUnderTheLoadingTitle) {
     EXPECT_TRUE(prompts.last().text.startsWith(kTrapLead));
     EXPECT_EQ(form.lvMaps->topLevelItemCount(), 0);
 }
+
+} // namespace frmCustomMaps_test

@@ -14,6 +14,8 @@
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
+namespace frmEditArena_test {
+
 using namespace rd;
 using rd::test::clickEntry;
 using rd::test::clickRow;
@@ -377,3 +379,5 @@ TEST(ArenaList, AFileThatCannotBeReadIsReportedWhenTheListOpens) {
     EXPECT_TRUE(prompts.last().text.startsWith(kTrapLead));
     EXPECT_EQ(form.lstArenas->count(), 0);
 }
+
+} // namespace frmEditArena_test

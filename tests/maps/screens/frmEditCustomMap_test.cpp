@@ -17,6 +17,8 @@
 #include <QTreeWidget>
 #include <gtest/gtest.h>
 
+namespace frmEditCustomMap_test {
+
 using namespace rd;
 using rd::test::clickRow;
 using rd::test::crlf;
@@ -162,3 +164,5 @@ TEST(MapEntryDialog, LabelsNameTheBoxes) {
     EXPECT_EQ(dialog->cmdOK->text(), QString("&OK"));
     EXPECT_EQ(dialog->cmdCancel->text(), QString("&Cancel"));
 }
+
+} // namespace frmEditCustomMap_test

@@ -18,6 +18,8 @@
 #include <gtest/gtest.h>
 #include <memory>
 
+namespace guide_test {
+
 using namespace rd;
 using rd::test::PromptRecorder;
 using rd::test::TempWorkspace;
@@ -57,3 +59,5 @@ TEST(MapsGuide, F1OnTheArenaListOpensItsPage) {
     EXPECT_EQ(help->currentPage(), QString("frmEditArena.html"));
     help->close();
 }
+
+} // namespace guide_test

@@ -15,6 +15,8 @@
 #include <QTest>
 #include <gtest/gtest.h>
 
+namespace frmSex_test {
+
 using namespace rd;
 using rd::test::crlf;
 using rd::test::PromptRecorder;
@@ -457,3 +459,5 @@ TEST(SexEditor, F1OpensItsPageInTheGuide) {
     EXPECT_EQ(help->currentPage(), QString("frmSex.html"));
     help->close();
 }
+
+} // namespace frmSex_test

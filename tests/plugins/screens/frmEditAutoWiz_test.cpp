@@ -20,6 +20,8 @@
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
+namespace frmEditAutoWiz_test {
+
 using namespace rd;
 using rd::test::crlf;
 using rd::test::ModalDriver;
@@ -474,3 +476,5 @@ TEST(AutoExecWizardEditor, F1OpensTheGuidePageOfEachWizardScreen) {
     EXPECT_EQ(dialogHelp->currentPage(), QString("frmEditWiz.html"));
     dialogHelp->close();
 }
+
+} // namespace frmEditAutoWiz_test

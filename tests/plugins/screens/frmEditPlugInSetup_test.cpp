@@ -25,6 +25,8 @@
 #include <gtest/gtest.h>
 #include <map>
 
+namespace frmEditPlugInSetup_test {
+
 using namespace rd;
 using rd::test::crlf;
 using rd::test::ModalDriver;
@@ -786,3 +788,5 @@ TEST(PlugInSetupEditor, F1OpensTheGuidePageOfTheSetupEditor) {
     EXPECT_EQ(help->currentPage(), QString("frmEditPlugInSetup.html"));
     help->close();
 }
+
+} // namespace frmEditPlugInSetup_test

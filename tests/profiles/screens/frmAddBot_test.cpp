@@ -19,6 +19,8 @@
 #include <QTest>
 #include <gtest/gtest.h>
 
+namespace frmAddBot_test {
+
 using namespace rd;
 using rd::test::crlf;
 using rd::test::ModalDriver;
@@ -316,3 +318,5 @@ TEST(AddBotDialog, F1OpensItsGuidePage) {
     EXPECT_EQ(help->currentPage(), QString("frmAddBot.html"));
     help->close();
 }
+
+} // namespace frmAddBot_test

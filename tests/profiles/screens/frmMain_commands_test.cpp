@@ -17,6 +17,8 @@
 #include <QTest>
 #include <gtest/gtest.h>
 
+namespace frmMain_commands_test {
+
 using namespace rd;
 using rd::test::crlf;
 using rd::test::ModalDriver;
@@ -379,3 +381,5 @@ TEST(MainWindowCommands, EveryCommandIsReachedFromTheKeyboard) {
     ASSERT_TRUE(QTest::qWaitFor([&] { return prompts.calls().size() == 2; }, 3000));
     EXPECT_EQ(prompts.last().kind, PromptCall::Kind::Input);
 }
+
+} // namespace frmMain_commands_test

@@ -10,6 +10,8 @@
 #include <string>
 #include <vector>
 
+namespace frmMain_fatal_test {
+
 using rd::test::crlf;
 using rd::test::ProgramRun;
 using rd::test::runProgram;
@@ -92,3 +94,5 @@ TEST(MainWindowFatalErrors, TheMainWindowSurvivesANoAndACancel) {
     EXPECT_TRUE(ws.exists("Plug-Ins/Eraser/routes/q2dm1.zipped"));
     EXPECT_TRUE(ws.exists("Empty Team"));
 }
+
+} // namespace frmMain_fatal_test

@@ -12,6 +12,8 @@
 #include <QTest>
 #include <gtest/gtest.h>
 
+namespace frmMain_maps_test {
+
 using namespace rd;
 using rd::test::ModalDriver;
 using rd::test::TempWorkspace;
@@ -96,3 +98,5 @@ TEST(MainWindowMaps, TheButtonsWorkFromTheKeyboard) {
     EXPECT_TRUE(QTest::qWaitFor([&] { return driver.acted(); }, 3000));
     EXPECT_EQ(opened, QString("frmArenas"));
 }
+
+} // namespace frmMain_maps_test

@@ -16,6 +16,8 @@
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
+namespace frmMain_test {
+
 using namespace rd;
 using rd::test::PromptRecorder;
 using rd::test::TempWorkspace;
@@ -309,3 +311,5 @@ TEST(MainWindow, HelpIndexWarnsOfTheMissingHelpFileAndOpensTheGuide) {
     EXPECT_EQ(help->currentPage(), QString("index.html"));
     help->close();
 }
+
+} // namespace frmMain_test
