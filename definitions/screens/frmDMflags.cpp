@@ -60,15 +60,9 @@ frmDMflags::frmDMflags(std::filesystem::path path, QWidget* parent)
     setWindowFlags(windowFlags() | Qt::WindowMinMaxButtonsHint);
     setSizeGripEnabled(true);
 
-    fraFilename = new QGroupBox(this);
-    fraFilename->setObjectName(QStringLiteral("fraFilename"));
-    lblFilename = new QLabel(fraFilename);
-    lblFilename->setObjectName(QStringLiteral("lblFilename"));
-    lblFilename->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
-    lblFilename->setTextFormat(Qt::PlainText);
-    lblFilename->setAccessibleName(QStringLiteral("File"));
-    auto* frameLayout = new QVBoxLayout(fraFilename);
-    frameLayout->addWidget(lblFilename);
+    const FileFrame file = makeFileFrame(this);
+    fraFilename = file.frame;
+    lblFilename = file.label;
 
     lvFlags = makeReportView(this, "lvFlags",
                              {QStringLiteral("Name"), QStringLiteral("Checked"), QStringLiteral("Unchecked"),
@@ -84,22 +78,14 @@ frmDMflags::frmDMflags(std::filesystem::path path, QWidget* parent)
     layout->addWidget(lvFlags, 1);
     layout->addLayout(buttons);
 
-    mnuPopup = new QMenu(this);
-    mnuPopup->setObjectName(QStringLiteral("mnuPopup"));
-    const auto entry = [this](const char* name, const QString& caption) {
-        QAction* action = mnuPopup->addAction(caption);
-        action->setObjectName(QString::fromLatin1(name));
-        return action;
-    };
-    mnuPopupEdit = entry("mnuPopupEdit", QStringLiteral("&Edit"));
-    mnuPopupAdd = entry("mnuPopupAdd", QStringLiteral("&Add"));
-    mnuPopupDelete = entry("mnuPopupDelete", QStringLiteral("&Delete"));
-    mnuPopup->addSeparator();
-    mnuPopupMoveUp = entry("mnuPopupMoveUp", QStringLiteral("Move &Up"));
-    mnuPopupMoveDown = entry("mnuPopupMoveDown", QStringLiteral("&Move Down"));
-    mnuPopup->addSeparator();
-    mnuPopupCategoryNew = entry("mnuPopupCategoryNew", QStringLiteral("Add &New Category"));
-    mnuPopup->setDefaultAction(mnuPopupEdit);
+    const DefinitionPopup popup = makeDefinitionPopup(this, "mnuPopupCategoryNew");
+    mnuPopup = popup.menu;
+    mnuPopupEdit = popup.edit;
+    mnuPopupAdd = popup.add;
+    mnuPopupDelete = popup.remove;
+    mnuPopupMoveUp = popup.moveUp;
+    mnuPopupMoveDown = popup.moveDown;
+    mnuPopupCategoryNew = popup.category;
 
     connect(mnuPopupEdit, &QAction::triggered, this, &frmDMflags::mnuPopupEdit_Click);
     connect(mnuPopupAdd, &QAction::triggered, this, &frmDMflags::mnuPopupAdd_Click);
@@ -121,9 +107,7 @@ frmDMflags::frmDMflags(std::filesystem::path path, QWidget* parent)
 
 void frmDMflags::Form_Load() {
     applyUserFont(this);
-    const QString file = pathForScreen(path_);
-    lblFilename->setText(file);
-    lblFilename->setToolTip(file);
+    showFilePath(lblFilename, path_);
 
     std::vector<FlagRow> rows;
     StepRunner trap(screenTrap(this, QStringLiteral("Loading Deathmatch Flags")));
@@ -176,10 +160,7 @@ void frmDMflags::mnuPopupDelete_Click() {
     if (showMessage(this, QStringLiteral("Delete this flag, are you sure?"), PromptIcon::Exclamation,
                     item->text(kFlagName), PromptButtons::YesNoCancel) != PromptAnswer::Yes)
         return;
-    delete item;
-    const int count = lvFlags->topLevelItemCount();
-    if (count > 0)
-        selectRow(lvFlags, lvFlags->topLevelItem(std::min(row, count) - 1));
+    removeRowAndSelectNext(lvFlags, row);
 }
 
 void frmDMflags::mnuPopupMoveUp_Click() {
@@ -195,15 +176,7 @@ void frmDMflags::mnuPopupCategoryNew_Click() {
         askInput(this, QStringLiteral("Type in the name of the new category to add below"), kFlagsTitle);
     if (!name || name->isEmpty())
         return;
-    auto* item = new QTreeWidgetItem;
-    item->setText(kFlagName, *name);
-    markCategory(item, categoryIcon_);
-    const int row = selectedRow(lvFlags);
-    if (row > 0)
-        lvFlags->insertTopLevelItem(row, item);
-    else
-        lvFlags->addTopLevelItem(item);
-    selectRow(lvFlags, item);
+    addCategoryBelowSelection(lvFlags, kFlagName, *name, categoryIcon_);
 }
 
 void frmDMflags::cmdOK_Click() {

@@ -64,15 +64,9 @@ frmOptions::frmOptions(std::filesystem::path path, std::string gameName, std::fi
     setWindowFlags(windowFlags() | Qt::WindowMinMaxButtonsHint);
     setSizeGripEnabled(true);
 
-    fraFilename = new QGroupBox(this);
-    fraFilename->setObjectName(QStringLiteral("fraFilename"));
-    lblFilename = new QLabel(fraFilename);
-    lblFilename->setObjectName(QStringLiteral("lblFilename"));
-    lblFilename->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
-    lblFilename->setTextFormat(Qt::PlainText);
-    lblFilename->setAccessibleName(QStringLiteral("File"));
-    auto* frameLayout = new QVBoxLayout(fraFilename);
-    frameLayout->addWidget(lblFilename);
+    const FileFrame file = makeFileFrame(this);
+    fraFilename = file.frame;
+    lblFilename = file.label;
 
     lvOptions =
         makeReportView(this, "lvOptions",
@@ -91,22 +85,14 @@ frmOptions::frmOptions(std::filesystem::path path, std::string gameName, std::fi
     layout->addWidget(lvOptions, 1);
     layout->addLayout(buttons);
 
-    mnuPopup = new QMenu(this);
-    mnuPopup->setObjectName(QStringLiteral("mnuPopup"));
-    const auto entry = [this](const char* name, const QString& caption) {
-        QAction* action = mnuPopup->addAction(caption);
-        action->setObjectName(QString::fromLatin1(name));
-        return action;
-    };
-    mnuPopupEdit = entry("mnuPopupEdit", QStringLiteral("&Edit"));
-    mnuPopupAdd = entry("mnuPopupAdd", QStringLiteral("&Add"));
-    mnuPopupDelete = entry("mnuPopupDelete", QStringLiteral("&Delete"));
-    mnuPopup->addSeparator();
-    mnuPopupMoveUp = entry("mnuPopupMoveUp", QStringLiteral("Move &Up"));
-    mnuPopupMoveDown = entry("mnuPopupMoveDown", QStringLiteral("&Move Down"));
-    mnuPopup->addSeparator();
-    mnuPopupCategoryAdd = entry("mnuPopupCategoryAdd", QStringLiteral("Add &New Category"));
-    mnuPopup->setDefaultAction(mnuPopupEdit);
+    const DefinitionPopup popup = makeDefinitionPopup(this, "mnuPopupCategoryAdd");
+    mnuPopup = popup.menu;
+    mnuPopupEdit = popup.edit;
+    mnuPopupAdd = popup.add;
+    mnuPopupDelete = popup.remove;
+    mnuPopupMoveUp = popup.moveUp;
+    mnuPopupMoveDown = popup.moveDown;
+    mnuPopupCategoryAdd = popup.category;
 
     connect(mnuPopupEdit, &QAction::triggered, this, &frmOptions::mnuPopupEdit_Click);
     connect(mnuPopupAdd, &QAction::triggered, this, &frmOptions::mnuPopupAdd_Click);
@@ -128,9 +114,7 @@ frmOptions::frmOptions(std::filesystem::path path, std::string gameName, std::fi
 
 void frmOptions::Form_Load() {
     applyUserFont(this);
-    const QString file = pathForScreen(path_);
-    lblFilename->setText(file);
-    lblFilename->setToolTip(file);
+    showFilePath(lblFilename, path_);
 
     std::vector<OptionRow> rows;
     StepRunner trap(screenTrap(this, QStringLiteral("Loading Options")));
@@ -183,11 +167,7 @@ void frmOptions::mnuPopupDelete_Click() {
     if (showMessage(this, QStringLiteral("Delete this option, are you sure?"), PromptIcon::Exclamation,
                     item->text(kOptName), PromptButtons::YesNoCancel) != PromptAnswer::Yes)
         return;
-    delete item;
-    // The row that took its place (or the new last row) is selected, so the keys go on working.
-    const int count = lvOptions->topLevelItemCount();
-    if (count > 0)
-        selectRow(lvOptions, lvOptions->topLevelItem(std::min(row, count) - 1));
+    removeRowAndSelectNext(lvOptions, row);
 }
 
 void frmOptions::mnuPopupMoveUp_Click() {
@@ -203,15 +183,7 @@ void frmOptions::mnuPopupCategoryAdd_Click() {
                                QStringLiteral("Option Editor"));
     if (!name || name->isEmpty())
         return;
-    auto* item = new QTreeWidgetItem;
-    item->setText(kOptName, *name);
-    markCategory(item, categoryIcon_);
-    const int row = selectedRow(lvOptions);
-    if (row > 0)
-        lvOptions->insertTopLevelItem(row, item);
-    else
-        lvOptions->addTopLevelItem(item);
-    selectRow(lvOptions, item);
+    addCategoryBelowSelection(lvOptions, kOptName, *name, categoryIcon_);
 }
 
 void frmOptions::cmdOK_Click() {

@@ -4,6 +4,7 @@
 
 #include <QDir>
 #include <QEvent>
+#include <QGroupBox>
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QLabel>
@@ -15,6 +16,7 @@
 #include <QPushButton>
 #include <QStyle>
 #include <QTreeWidget>
+#include <QVBoxLayout>
 #include <algorithm>
 #include <utility>
 
@@ -186,6 +188,66 @@ void selectRow(QTreeWidget* view, QTreeWidgetItem* item) {
     view->setCurrentItem(item);
     item->setSelected(true);
     view->scrollToItem(item);
+}
+
+FileFrame makeFileFrame(QWidget* parent) {
+    FileFrame parts;
+    parts.frame = new QGroupBox(parent);
+    parts.frame->setObjectName(QStringLiteral("fraFilename"));
+    parts.label = new QLabel(parts.frame);
+    parts.label->setObjectName(QStringLiteral("lblFilename"));
+    parts.label->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    parts.label->setTextFormat(Qt::PlainText);
+    parts.label->setAccessibleName(QStringLiteral("File"));
+    auto* layout = new QVBoxLayout(parts.frame);
+    layout->addWidget(parts.label);
+    return parts;
+}
+
+void showFilePath(QLabel* label, const std::filesystem::path& path) {
+    const QString file = pathForScreen(path);
+    label->setText(file);
+    label->setToolTip(file);
+}
+
+DefinitionPopup makeDefinitionPopup(QWidget* parent, const char* categoryEntryName) {
+    DefinitionPopup popup;
+    popup.menu = new QMenu(parent);
+    popup.menu->setObjectName(QStringLiteral("mnuPopup"));
+    const auto entry = [&popup](const char* name, const QString& caption) {
+        QAction* action = popup.menu->addAction(caption);
+        action->setObjectName(QString::fromLatin1(name));
+        return action;
+    };
+    popup.edit = entry("mnuPopupEdit", QStringLiteral("&Edit"));
+    popup.add = entry("mnuPopupAdd", QStringLiteral("&Add"));
+    popup.remove = entry("mnuPopupDelete", QStringLiteral("&Delete"));
+    popup.menu->addSeparator();
+    popup.moveUp = entry("mnuPopupMoveUp", QStringLiteral("Move &Up"));
+    popup.moveDown = entry("mnuPopupMoveDown", QStringLiteral("&Move Down"));
+    popup.menu->addSeparator();
+    popup.category = entry(categoryEntryName, QStringLiteral("Add &New Category"));
+    popup.menu->setDefaultAction(popup.edit);
+    return popup;
+}
+
+void removeRowAndSelectNext(QTreeWidget* view, int row) {
+    delete view->topLevelItem(row - 1);
+    const int count = view->topLevelItemCount();
+    if (count > 0)
+        selectRow(view, view->topLevelItem(std::min(row, count) - 1));
+}
+
+void addCategoryBelowSelection(QTreeWidget* view, int column, const QString& name, const QIcon& icon) {
+    auto* item = new QTreeWidgetItem;
+    item->setText(column, name);
+    markCategory(item, icon);
+    const int row = selectedRow(view);
+    if (row > 0)
+        view->insertTopLevelItem(row, item);
+    else
+        view->addTopLevelItem(item);
+    selectRow(view, item);
 }
 
 QString pathForScreen(const std::filesystem::path& path) {

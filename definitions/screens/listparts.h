@@ -7,6 +7,8 @@
 #include <filesystem>
 #include <functional>
 
+class QAction;
+class QGroupBox;
 class QLabel;
 class QMenu;
 class QPushButton;
@@ -53,6 +55,36 @@ void openPopupAtSelection(QTreeWidget* view, QMenu* popup);
 int selectedRow(const QTreeWidget* view);
 // Makes `item` the selected row and shows it.
 void selectRow(QTreeWidget* view, QTreeWidgetItem* item);
+
+// The frame at the top of the option and flag lists, `fraFilename`, that shows the file being
+// edited in `lblFilename` (the path also as its tooltip, for a path too long to show whole).
+struct FileFrame {
+    QGroupBox* frame = nullptr;
+    QLabel* label = nullptr;
+};
+FileFrame makeFileFrame(QWidget* parent);
+void showFilePath(QLabel* label, const std::filesystem::path& path);
+
+// The popup menu of the option and flag lists, `mnuPopup`: Edit (the default), Add, Delete, Move
+// Up, Move Down and, after separators, "Add &New Category" named `categoryEntryName`.
+struct DefinitionPopup {
+    QMenu* menu = nullptr;
+    QAction* edit = nullptr;
+    QAction* add = nullptr;
+    QAction* remove = nullptr;
+    QAction* moveUp = nullptr;
+    QAction* moveDown = nullptr;
+    QAction* category = nullptr;
+};
+DefinitionPopup makeDefinitionPopup(QWidget* parent, const char* categoryEntryName);
+
+// Removes row `row` (1-based) of `view` and selects the row that took its place, or the new last
+// row, so the keys go on working.
+void removeRowAndSelectNext(QTreeWidget* view, int row);
+
+// Adds a category row named `name` below the selected row (at the end when none is selected),
+// in `column`, and selects it.
+void addCategoryBelowSelection(QTreeWidget* view, int column, const QString& name, const QIcon& icon);
 
 // A file path as the user reads it (native separators).
 QString pathForScreen(const std::filesystem::path& path);
