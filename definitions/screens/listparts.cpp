@@ -57,15 +57,18 @@ QPixmap drawCategory(int size) {
 class ListCommandFilter : public QObject {
 public:
     ListCommandFilter(QTreeWidget* view, QMenu* popup, ListCommands commands)
-        : QObject(view), view_(view), popup_(popup), commands_(std::move(commands)) {}
+        : QObject(view), view_(view), viewport_(view->viewport()), popup_(popup),
+          commands_(std::move(commands)) {}
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override {
-        if (watched == view_->viewport()) {
+        // The viewport is known from the start: it still has events while the view is being
+        // destroyed, when the view can no longer be asked for it.
+        if (watched == viewport_) {
             if (event->type() == QEvent::MouseButtonRelease) {
                 auto* mouse = static_cast<QMouseEvent*>(event);
                 if (mouse->button() == Qt::RightButton) {
-                    popup_->popup(view_->viewport()->mapToGlobal(mouse->position().toPoint()));
+                    popup_->popup(viewport_->mapToGlobal(mouse->position().toPoint()));
                     return true;
                 }
             } else if (event->type() == QEvent::MouseButtonDblClick) {
@@ -113,6 +116,7 @@ private:
     }
 
     QTreeWidget* view_;
+    QWidget* viewport_;
     QMenu* popup_;
     ListCommands commands_;
 };
