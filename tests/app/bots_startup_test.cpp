@@ -13,8 +13,6 @@ using rd::test::ProgramRun;
 using rd::test::runProgram;
 using rd::test::TempWorkspace;
 
-namespace {
-
 // Starts rosterdesk offscreen with the command line, ended after 60 seconds at the latest
 // (status 124); message boxes are printed and answered with their escape buttons.
 ProgramRun startRosterDesk(const TempWorkspace& ws, const std::vector<std::string>& args, bool reportStart) {
@@ -36,8 +34,6 @@ void botWorkspace(const TempWorkspace& ws) {
     ws.writeLines("Plug-Ins/Eraser/Setup.cfg", {"Quake2", "Eraser"});
     ws.folder("Game-Paths/Quake2");
 }
-
-} // namespace
 
 TEST(BotStartup, BotOnTheCommandLineOpensTheSetupEditor) {
     TempWorkspace ws;

@@ -14,8 +14,6 @@ using rd::test::ProgramRun;
 using rd::test::runProgram;
 using rd::test::TempWorkspace;
 
-namespace {
-
 const std::vector<std::string> kRecord{"c:\\quake2\\",
                                        "c:\\quake2\\baseq2\\maps\\",
                                        "quake2.exe",
@@ -39,8 +37,6 @@ ProgramRun run(const TempWorkspace& ws, const std::vector<std::string>& args,
     command.insert(command.end(), args.begin(), args.end());
     return runProgram("timeout", command, env);
 }
-
-} // namespace
 
 TEST(GamesStartup, GameOnTheCommandLineOpensTheGameEditor) {
     TempWorkspace ws;

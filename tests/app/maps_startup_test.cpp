@@ -13,8 +13,6 @@ using rd::test::ProgramRun;
 using rd::test::runProgram;
 using rd::test::TempWorkspace;
 
-namespace {
-
 // Starts rosterdesk offscreen on a workspace with one game; returns its start-up report.
 std::map<std::string, std::string> start(const std::vector<std::string>& args) {
     TempWorkspace ws;
@@ -35,8 +33,6 @@ std::map<std::string, std::string> start(const std::vector<std::string>& args) {
     }
     return report;
 }
-
-} // namespace
 
 TEST(MapsStartup, CustomMapsOpensTheCategoryChooserFirst) {
     auto report = start({"CustomMaps"});

@@ -12,8 +12,6 @@ using rd::test::ProgramRun;
 using rd::test::runProgram;
 using rd::test::TempWorkspace;
 
-namespace {
-
 // Starts rosterdesk offscreen on a workspace with the given arguments; returns its report.
 std::map<std::string, std::string> start(const TempWorkspace& ws, const std::vector<std::string>& args) {
     const ProgramRun r = runProgram(ROSTERDESK_EXE, args,
@@ -38,8 +36,6 @@ ProgramRun cli(const TempWorkspace& ws, std::vector<std::string> args) {
     args.insert(args.begin(), {"--root", ws.root().string()});
     return runProgram(ROSTERDESK_CLI, args);
 }
-
-} // namespace
 
 TEST(Program, EmptyCommandLineShowsTheMainWindow) {
     TempWorkspace ws;

@@ -18,8 +18,6 @@ namespace fs = std::filesystem;
 using rd::test::ProgramRun;
 using rd::test::runProgram;
 
-namespace {
-
 std::vector<std::string> screens() {
     const ProgramRun r = runProgram(ROSTERDESK_SCREENSHOTS, {"--list"}, {{"QT_QPA_PLATFORM", "offscreen"}});
     EXPECT_EQ(r.status, 0) << r.err;
@@ -38,8 +36,6 @@ std::set<std::string> pngsIn(const fs::path& folder) {
             names.insert(entry.path().stem().string());
     return names;
 }
-
-} // namespace
 
 TEST(Screenshots, EveryScreenHasAGuidePageAndACommittedPicture) {
     const auto names = screens();

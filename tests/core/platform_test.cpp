@@ -40,8 +40,6 @@ TEST(Platform, CodePageNamesSurviveTheFileSystem) {
 
 #ifdef _WIN32
 
-namespace {
-
 // A folder of its own under the system's temporary folder (on the C: drive under Wine).
 struct SystemTempFolder {
     fs::path path;
@@ -55,8 +53,6 @@ struct SystemTempFolder {
         fs::remove_all(path, ec);
     }
 };
-
-} // namespace
 
 TEST(PlatformWindows, DataPathsWithALowerCaseDriveLetterOpen) {
     SystemTempFolder temp;

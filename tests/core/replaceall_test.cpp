@@ -80,7 +80,6 @@ TEST(ReplaceAll, EndlessGrowthIsStoppedWithAnError) {
     EXPECT_THROW(ReplaceAll("aab", "ab", "bbaa", true), rd::RosterError);
 }
 
-namespace {
 // The rule as words: find the first occurrence from the very beginning, rebuild, start again.
 std::string restartingReplace(std::string text, const std::string& find, const std::string& replacement,
                               bool caseSensitive) {
@@ -92,7 +91,6 @@ std::string restartingReplace(std::string text, const std::string& find, const s
     }
     return "<endless>";
 }
-} // namespace
 
 TEST(ReplaceAll, AgreesWithSearchingFromTheBeginningEveryTime) {
     std::mt19937 random(1234);

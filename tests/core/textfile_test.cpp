@@ -9,12 +9,10 @@ namespace textfile_test {
 using namespace rd;
 using rd::test::TempWorkspace;
 
-namespace {
 std::vector<std::string> linesOf(const TempWorkspace& ws, const std::string& name, const std::string& bytes) {
     ws.write(name, bytes);
     return readAllLines(ws.path(name));
 }
-} // namespace
 
 TEST(TextFile, ReadsCrLfLinesWithoutTheirTerminators) {
     TempWorkspace ws;

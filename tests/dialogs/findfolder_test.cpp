@@ -17,8 +17,6 @@ using namespace rd;
 using rd::test::ModalDriver;
 using rd::test::PromptRecorder;
 
-namespace {
-
 QString native(const QString& path) {
     return QDir::toNativeSeparators(QDir::cleanPath(path));
 }
@@ -44,8 +42,6 @@ void browse(QWidget* owner, QLineEdit* box) {
     if (!chosen.isEmpty())
         box->setText(chosen);
 }
-
-} // namespace
 
 TEST(FolderPicker, HasItsCaptionAndControls) {
     frmFindFolder picker("");

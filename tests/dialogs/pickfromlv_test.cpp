@@ -17,8 +17,6 @@ using namespace rd;
 using rd::test::ModalDriver;
 using rd::test::PromptRecorder;
 
-namespace {
-
 // An option list: categories carry small icon 1, options none.
 std::unique_ptr<QTreeWidget> optionList() {
     auto list = std::make_unique<QTreeWidget>();
@@ -49,8 +47,6 @@ class PickFromList : public ::testing::Test {
 protected:
     PromptRecorder prompts;
 };
-
-} // namespace
 
 TEST_F(PickFromList, CaptionIsTheGivenTitle) {
     auto source = optionList();

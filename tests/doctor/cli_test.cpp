@@ -21,8 +21,6 @@ using rd::test::runProgram;
 
 namespace fs = std::filesystem;
 
-namespace {
-
 ProgramRun doctor(const fs::path& root) {
     return runProgram(ROSTERDESK_CLI, {"--root", root.string(), "doctor"});
 }
@@ -35,8 +33,6 @@ std::map<std::string, std::string> snapshot(const fs::path& root) {
             files[entry.path().string()] = rd::test::readBytes(entry.path());
     return files;
 }
-
-} // namespace
 
 TEST(DoctorCli, HelpListsTheDoctorUnderTheProgramsName) {
     const ProgramRun run = runProgram(ROSTERDESK_CLI, {"--help"});

@@ -11,9 +11,7 @@ namespace profiles_test {
 using namespace rd;
 using rd::test::TempWorkspace;
 
-namespace {
 const OwnerErrorHandler noErrors = [](const std::string& d) { ADD_FAILURE() << "unexpected error: " << d; };
-}
 
 TEST(Profiles, PlugInsAndGamePathsInAnyCaseAreNeverProfiles) {
     TempWorkspace ws;

@@ -25,8 +25,6 @@ namespace fs = std::filesystem;
 using rd::test::PromptRecorder;
 using rd::test::TempWorkspace;
 
-namespace {
-
 // The demo workspace, copied so that nothing a screen does can change it.
 struct DemoCopy {
     TempWorkspace ws;
@@ -52,8 +50,6 @@ bool isPartOfAnotherControl(QWidget* w) {
             return true;
     return false;
 }
-
-} // namespace
 
 TEST(EveryScreen, OpensInTurnWithItsOwnName) {
     DemoCopy demo;

@@ -13,8 +13,6 @@
 
 namespace guide_test {
 
-namespace {
-
 QStringList guidePages() {
     return QDir(QStringLiteral(":/guide")).entryList({QStringLiteral("*.html")}, QDir::Files, QDir::Name);
 }
@@ -40,8 +38,6 @@ QStringList localTargets(const QString& text, const QString& attribute) {
     }
     return out;
 }
-
-} // namespace
 
 TEST(Guide, EveryPageIsReachableFromTheIndex) {
     const QStringList pages = guidePages();

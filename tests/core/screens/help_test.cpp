@@ -19,8 +19,6 @@ using namespace rd;
 using rd::test::PromptRecorder;
 using rd::test::TempWorkspace;
 
-namespace {
-
 // Every help window open now (they are owned by the screens they were opened over).
 QList<frmHelp*> openHelpWindows() {
     QList<frmHelp*> out;
@@ -35,8 +33,6 @@ void closeHelpWindows() {
         help->close();
     QApplication::processEvents();
 }
-
-} // namespace
 
 TEST(Help, TheGuideHasAnIndexAndAPageForTheMainWindow) {
     EXPECT_TRUE(helpPageExists("index.html"));

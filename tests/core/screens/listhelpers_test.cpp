@@ -13,8 +13,6 @@ namespace listhelpers_test {
 
 using namespace rd;
 
-namespace {
-
 QIcon colouredIcon(Qt::GlobalColor colour) {
     QPixmap pixmap(16, 16);
     pixmap.fill(colour);
@@ -58,8 +56,6 @@ void select(QTreeWidget& view, QTreeWidgetItem* item) {
     view.setCurrentItem(item);
     ASSERT_TRUE(item->isSelected());
 }
-
-} // namespace
 
 // Plain list ---------------------------------------------------------------------------------
 
@@ -263,7 +259,6 @@ TEST(MultiColumnList, RowWithoutSmallIconReadsAsIndexZero) {
 
 // Tree ---------------------------------------------------------------------------------------
 
-namespace {
 // root1 (child1a), root2: numbered root1=1, child1a=2, root2=3.
 void fillTree(QTreeWidget& tree) {
     tree.setObjectName("tvItems");
@@ -280,7 +275,6 @@ void fillTree(QTreeWidget& tree) {
     setSmallIcon(root2, 3, colouredIcon(Qt::blue));
     giveMoveKeys(&tree);
 }
-} // namespace
 
 TEST(Tree, SwapExchangesTagTextAndImagesWhileChildrenStay) {
     QTreeWidget tree;
@@ -370,11 +364,9 @@ TEST(MinInt16, GivesTheSmallerOfTwo) {
 
 // Entry under the pointer --------------------------------------------------------------------
 
-namespace {
 int rowHeight(QListWidget& list) {
     return list.visualItemRect(list.item(0)).height();
 }
-} // namespace
 
 TEST(ListEntryAtPointer, ARightClickBelowTheLastEntrySelectsTheLastEntry) {
     QListWidget list;

@@ -17,8 +17,6 @@ namespace zoom_test {
 using namespace rd;
 using rd::test::ModalDriver;
 
-namespace {
-
 // A little screen with one text box that has the zoom key.
 struct Screen {
     QWidget window;
@@ -51,8 +49,6 @@ void typeLines(QDialog* dialog, const QStringList& lines) {
         QTest::keyClicks(txt, lines[i]);
     }
 }
-
-} // namespace
 
 TEST(ZoomEditor, F2InATextBoxOpensTheEditorCaptionedZoomWithTheBoxText) {
     Screen screen("hello");
@@ -231,7 +227,6 @@ TEST(ZoomEditor, CrLfPairsInTheBoxAreJoinedWhileLoneOnesStay) {
 
 // The editor's own keys, driven without a modal loop.
 
-namespace {
 int pointSize(frmZoom& zoom) {
     return zoom.txtText->font().pointSize();
 }
@@ -240,7 +235,6 @@ void setPointSize(frmZoom& zoom, int size) {
     font.setPointSize(size);
     zoom.txtText->setFont(font);
 }
-} // namespace
 
 TEST(ZoomEditorKeys, F2MakesTheFontOnePointSmallerAndF3OnePointLarger) {
     frmZoom zoom("text", false);

@@ -17,8 +17,6 @@ namespace demo_definitions_test {
 using namespace rd;
 using namespace rd::test;
 
-namespace {
-
 const std::filesystem::path kDemo = ROSTERDESK_DEMO;
 
 // The option files of a game folder or a bot folder, loaded.
@@ -52,8 +50,6 @@ void expectEveryKindWithItsLists(const char* folder) {
     EXPECT_TRUE(category) << folder;
     EXPECT_EQ(kinds.size(), kOptionTypeCount) << folder;
 }
-
-} // namespace
 
 TEST(DemoDefinitions, TheGameUsesEveryOptionKindAndItsListsExist) {
     expectEveryKindWithItsLists("Game-Paths/Quake2");

@@ -22,8 +22,6 @@ namespace dmflags_screens_test {
 using namespace rd;
 using namespace rd::test;
 
-namespace {
-
 const std::vector<std::string> kSample = {
     "[Items]",
     "No Health",
@@ -70,8 +68,6 @@ std::vector<std::string> withRow(std::vector<std::string> lines, std::size_t at,
     lines.insert(lines.begin() + static_cast<std::ptrdiff_t>(at), rows.begin(), rows.end());
     return lines;
 }
-
-} // namespace
 
 TEST_F(FlagList, ShowsTheFileAndTheFiveColumns) {
     auto form = open();

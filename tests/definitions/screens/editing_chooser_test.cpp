@@ -22,8 +22,6 @@ namespace editing_chooser_test {
 using namespace rd;
 using namespace rd::test;
 
-namespace {
-
 class Chooser : public ::testing::Test {
 protected:
     void SetUp() override {
@@ -83,8 +81,6 @@ QStringList entries(const QListWidget* list) {
         out << list->item(i)->text();
     return out;
 }
-
-} // namespace
 
 TEST_F(Chooser, ShowsTheGamesAndTheBotsWithItsCaptionsAndTooltips) {
     EXPECT_EQ(form->objectName(), QString("frmEditing"));

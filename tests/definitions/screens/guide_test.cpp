@@ -17,8 +17,6 @@ namespace guide_test {
 using namespace rd;
 using namespace rd::test;
 
-namespace {
-
 const char* const kScreens[] = {"frmEditing",     "frmOptions",    "frmEditOption",
                                 "frmNumberRange", "frmChooseList", "frmEditList",
                                 "frmEditItem",    "frmDMflags",    "frmEditDMflag"};
@@ -37,8 +35,6 @@ frmHelp* helpOver(QWidget* owner) {
             return help;
     return nullptr;
 }
-
-} // namespace
 
 TEST(DefinitionsGuide, EveryScreenHasAPageLinkedFromTheContents) {
     const QString contents = guidePage("index.html");

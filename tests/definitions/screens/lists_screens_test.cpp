@@ -22,8 +22,6 @@ namespace lists_screens_test {
 using namespace rd;
 using namespace rd::test;
 
-namespace {
-
 class Lists : public ::testing::Test {
 protected:
     void SetUp() override {
@@ -71,8 +69,6 @@ void fillItem(QDialog* dialog, const QString& text, const QString& value = QStri
         typeInto(item->txtValue, value);
     click(item->cmdOK);
 }
-
-} // namespace
 
 TEST_F(Lists, ChooserShowsTheGamesValueListsUnderItsTitle) {
     auto form = chooser("Quake2", true);

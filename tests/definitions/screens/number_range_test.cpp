@@ -16,8 +16,6 @@ namespace number_range_test {
 using namespace rd;
 using namespace rd::test;
 
-namespace {
-
 struct RangeScreen {
     QLineEdit parameter;
     std::unique_ptr<frmNumberRange> dialog;
@@ -32,8 +30,6 @@ struct RangeScreen {
         click(dialog->cmdOK);
     }
 };
-
-} // namespace
 
 TEST(NumberRange, ShowsItsTitleLabelsAndBars) {
     RangeScreen s("1:10");

@@ -28,8 +28,6 @@ namespace option_editor_test {
 using namespace rd;
 using namespace rd::test;
 
-namespace {
-
 const std::vector<std::string> kSample = {
     "[Game Play]",
     "Deathmatch",
@@ -100,8 +98,6 @@ std::vector<std::string> withRow(std::vector<std::string> lines, std::size_t at,
     lines.insert(lines.begin() + static_cast<std::ptrdiff_t>(at), rows.begin(), rows.end());
     return lines;
 }
-
-} // namespace
 
 TEST_F(OptionEditor, NewOptionShowsItsTitleFramesLabelsAndTooltips) {
     auto* e = edit(true, 0);

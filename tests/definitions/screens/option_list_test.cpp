@@ -21,8 +21,6 @@ namespace option_list_test {
 using namespace rd;
 using namespace rd::test;
 
-namespace {
-
 const std::vector<std::string> kSample = {
     "[Game Play]",
     "Deathmatch",
@@ -67,8 +65,6 @@ void addNamedOption(QDialog* dialog, const QString& name) {
     settle();
     click(editor->cmdOK);
 }
-
-} // namespace
 
 TEST_F(OptionList, ShowsTheFileAndEveryRowWithTheEightColumns) {
     auto form = open();

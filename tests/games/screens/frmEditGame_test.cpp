@@ -37,8 +37,6 @@ using rd::test::ModalDriver;
 using rd::test::PromptRecorder;
 using rd::test::TempWorkspace;
 
-namespace {
-
 const char* const kRecord = "Game-Paths/Quake2/Quake2.Gme";
 
 const std::vector<std::string> kCreationLines{"c:\\quake2\\",
@@ -80,8 +78,6 @@ QStringList fieldTexts(const frmEditGame& form) {
 void tabOutOf(QWidget* box) {
     QTest::keyClick(box, Qt::Key_Tab);
 }
-
-} // namespace
 
 TEST(GameEditor, ShowsTheGameNameAndEveryFieldOfTheRecord) {
     TempWorkspace ws;

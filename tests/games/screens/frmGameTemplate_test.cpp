@@ -26,8 +26,6 @@ using rd::test::ModalDriver;
 using rd::test::PromptRecorder;
 using rd::test::TempWorkspace;
 
-namespace {
-
 const char* const kTemplate = "Game-Paths/Quake2/Template.cfg";
 
 QStringList fieldTexts(const frmGameTemplate& form) {
@@ -42,8 +40,6 @@ std::unique_ptr<frmGameTemplate> openTemplate(const TempWorkspace& ws) {
     EXPECT_TRUE(rd::test::showActive(form.get()));
     return form;
 }
-
-} // namespace
 
 TEST(GameTemplateEditor, WithoutATemplateStartsFromTheBuiltInValues) {
     TempWorkspace ws;

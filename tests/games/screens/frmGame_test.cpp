@@ -25,8 +25,6 @@ using rd::test::ModalDriver;
 using rd::test::PromptRecorder;
 using rd::test::TempWorkspace;
 
-namespace {
-
 const std::vector<std::string> kCreationLines{"c:\\quake2\\",
                                               "c:\\quake2\\baseq2\\maps\\",
                                               "quake2.exe",
@@ -71,8 +69,6 @@ std::map<std::string, std::string> snapshot(const TempWorkspace& ws) {
                                     : "<folder>";
     return files;
 }
-
-} // namespace
 
 TEST(GamesList, ListsEveryGameFolderInListingOrder) {
     TempWorkspace ws;

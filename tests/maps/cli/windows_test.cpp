@@ -11,7 +11,7 @@
 
 #ifdef _WIN32
 
-namespace rd {
+namespace rd::windows_test {
 namespace {
 
 namespace fs = std::filesystem;
@@ -64,8 +64,6 @@ TEST(CliOnWindows, OutputEndsInALineFeedAsOnEverySystem) {
 }
 
 } // namespace
-} // namespace rd
+} // namespace rd::windows_test
 
 #endif
-
-namespace windows_test {} // namespace windows_test

@@ -26,8 +26,6 @@ using rd::test::selectedRow;
 using rd::test::shownRows;
 using rd::test::TempWorkspace;
 
-namespace {
-
 // A game whose main folder, baseq2, eraser, crbot and ace folders all hold archives, and whose
 // map folder holds loose maps.
 void fillInstallation(const TempWorkspace& ws) {
@@ -70,8 +68,6 @@ void clickHeader(QTreeWidget* view, int column) {
     const int x = header->sectionViewportPosition(column) + header->sectionSize(column) / 2;
     QTest::mouseClick(header->viewport(), Qt::LeftButton, {}, QPoint(x, header->height() / 2));
 }
-
-} // namespace
 
 TEST(AddMapScreen, ListsTheArchivesInTheirFixedOrderThenTheLooseMapsWithDuplicatesKept) {
     TempWorkspace ws;

@@ -25,8 +25,6 @@ using rd::test::snapshot;
 using rd::test::TempWorkspace;
 using rd::test::texts;
 
-namespace {
-
 void fillWorkspace(const TempWorkspace& ws) {
     ws.writeLines("Game-Paths/Quake2/Quake2.Gme", {"c:\\quake2\\"});
     ws.writeLines("Game-Paths/Quake2/q2dm1.ra2", {"Upper Deck", "Rail Room"});
@@ -41,8 +39,6 @@ void show(QWidget& form) {
     form.show();
     ASSERT_TRUE(QTest::qWaitForWindowExposed(&form));
 }
-
-} // namespace
 
 TEST(ArenaChooser, ShowsTheGamesAndTheMapsWithArenaFiles) {
     TempWorkspace ws;

@@ -28,8 +28,6 @@ using rd::test::snapshot;
 using rd::test::TempWorkspace;
 using rd::test::texts;
 
-namespace {
-
 const QString kNoGamesMessage =
     "No games have yet been created.\r\nMost likely, you have not installed Tarnwick "
     "properly.Run the main program first before trying this";
@@ -50,8 +48,6 @@ void show(QWidget& form) {
     form.show();
     ASSERT_TRUE(QTest::qWaitForWindowExposed(&form));
 }
-
-} // namespace
 
 TEST(CategoryChooser, ShowsTheGamesAndTheCategoriesOfTheFirstWithoutTheirExtension) {
     TempWorkspace ws;

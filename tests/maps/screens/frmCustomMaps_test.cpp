@@ -36,8 +36,6 @@ using rd::test::rows;
 using rd::test::selectedRow;
 using rd::test::TempWorkspace;
 
-namespace {
-
 const char* const kFile = "Game-Paths/Quake2/Deathmatch.map";
 
 struct Editor {
@@ -91,8 +89,6 @@ void clickHeader(QTreeWidget* view, int column) {
     const int x = header->sectionViewportPosition(column) + header->sectionSize(column) / 2;
     QTest::mouseClick(header->viewport(), Qt::LeftButton, {}, QPoint(x, header->height() / 2));
 }
-
-} // namespace
 
 // Loading and saving ---------------------------------------------------------------------------
 

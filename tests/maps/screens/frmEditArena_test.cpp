@@ -29,8 +29,6 @@ using rd::test::selectedRow;
 using rd::test::TempWorkspace;
 using rd::test::texts;
 
-namespace {
-
 const char* const kFile = "Game-Paths/Quake2/q2dm1.ra2";
 
 struct Editor {
@@ -64,8 +62,6 @@ void rightClickAt(QListWidget* list, int y, const char* entry, QStringList* name
 int rowCentre(QListWidget* list, int row) {
     return list->visualItemRect(list->item(row)).center().y();
 }
-
-} // namespace
 
 TEST(ArenaList, TheCaptionNamesTheMap) {
     TempWorkspace ws;

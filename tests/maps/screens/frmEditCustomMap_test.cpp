@@ -26,8 +26,6 @@ using rd::test::ModalDriver;
 using rd::test::rows;
 using rd::test::TempWorkspace;
 
-namespace {
-
 const char* const kFile = "Game-Paths/Quake2/Deathmatch.map";
 
 // A category editor with three rows, and the entry dialog opened over it as the editor opens it.
@@ -55,8 +53,6 @@ struct EntrySetup {
         return dialog;
     }
 };
-
-} // namespace
 
 TEST(MapEntryDialog, AddingShowsTheAddCaptionAndEmptyBoxes) {
     EntrySetup s;

@@ -22,8 +22,6 @@ using rd::test::crlf;
 using rd::test::PromptRecorder;
 using rd::test::TempWorkspace;
 
-namespace {
-
 QStringList texts(const QListWidget* list) {
     QStringList out;
     for (int i = 0; i < list->count(); ++i)
@@ -97,8 +95,6 @@ void drag(frmSex& form, QListWidget* source, int row, QWidget* via, QWidget* dro
     EXPECT_EQ(form.dragPicture(), -1);
     EXPECT_EQ(QApplication::overrideCursor(), nullptr);
 }
-
-} // namespace
 
 // Loading --------------------------------------------------------------------------------------
 

@@ -28,8 +28,6 @@ using rd::test::ModalDriver;
 using rd::test::PromptRecorder;
 using rd::test::TempWorkspace;
 
-namespace {
-
 const std::vector<std::string> kOwn = {"set deathmatch 1", "Play deathmatch rules",
                                        "set fraglimit 25", "End at 25 frags",
                                        "bot_num 6",        "Number of bots"};
@@ -73,8 +71,6 @@ ModalDriver typeIntoCommandDialog(const QString& command, const QString& descrip
         QTest::mouseClick(wiz->cmdOK, Qt::LeftButton);
     });
 }
-
-} // namespace
 
 TEST(AutoExecWizardEditor, CaptionColumnsMenuAndOwnListAreShown) {
     TempWorkspace ws;

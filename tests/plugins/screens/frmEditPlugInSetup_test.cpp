@@ -34,8 +34,6 @@ using rd::test::PromptCall;
 using rd::test::PromptRecorder;
 using rd::test::TempWorkspace;
 
-namespace {
-
 const std::vector<std::string> kSetup = {
     "Quake2", "Eraser",       " 0 ",   "bots.cfg",     " 0 ",        "chat.txt", " 2 ", "maps.txt",
     " 1 ",    "autoexec.cfg", " 1 ",   "launcher.cfg", " 0 ",        "tw.cfg",   " 0 ", " 2 ",
@@ -101,8 +99,6 @@ void retype(QLineEdit* box, const QString& text) {
     QTest::keyClick(box, Qt::Key_Delete);
     QTest::keyClicks(box, text);
 }
-
-} // namespace
 
 TEST(PlugInSetupEditor, ShowsEveryTabGroupCaptionAndLabel) {
     TempWorkspace ws;

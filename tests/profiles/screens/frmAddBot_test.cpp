@@ -27,8 +27,6 @@ using rd::test::ModalDriver;
 using rd::test::PromptRecorder;
 using rd::test::TempWorkspace;
 
-namespace {
-
 QStringList texts(const QListWidget* list) {
     QStringList out;
     for (int i = 0; i < list->count(); ++i)
@@ -76,8 +74,6 @@ void typeName(frmAddBot& dialog, const QString& name) {
     dialog.txtBotName->setFocus();
     QTest::keyClicks(dialog.txtBotName, name);
 }
-
-} // namespace
 
 TEST(AddBotDialog, ShowsItsTitleLabelsAndTheBotsToBaseOn) {
     TempWorkspace ws;

@@ -26,8 +26,6 @@ using rd::test::PromptCall;
 using rd::test::PromptRecorder;
 using rd::test::TempWorkspace;
 
-namespace {
-
 QStringList texts(const QListWidget* list) {
     QStringList out;
     for (int i = 0; i < list->count(); ++i)
@@ -65,8 +63,6 @@ struct Window {
     }
     frmMain form;
 };
-
-} // namespace
 
 TEST(MainWindowCommands, BotAndProfileButtonsAreEnabled) {
     TempWorkspace ws;

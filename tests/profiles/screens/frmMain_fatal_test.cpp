@@ -17,8 +17,6 @@ using rd::test::ProgramRun;
 using rd::test::runProgram;
 using rd::test::TempWorkspace;
 
-namespace {
-
 // Runs the main window on the workspace, selects `entry`, clicks `button`; message boxes are
 // answered with `answers` (';' between them), input boxes with `inputs`.
 ProgramRun drive(const TempWorkspace& ws, const std::string& button, const std::string& entry,
@@ -46,8 +44,6 @@ void expectFatalReport(const ProgramRun& run, const std::string& description) {
     EXPECT_TRUE(contains(run.out, description)) << run.out;
     EXPECT_FALSE(contains(run.out, "main window still open")) << run.out;
 }
-
-} // namespace
 
 TEST(MainWindowFatalErrors, DeletingABotWhoseFolderHoldsASubFolderEndsTheProgram) {
     TempWorkspace ws;

@@ -18,8 +18,6 @@ using namespace rd;
 using rd::test::ModalDriver;
 using rd::test::TempWorkspace;
 
-namespace {
-
 struct Opened {
     QString name;
     QString caption;
@@ -50,8 +48,6 @@ void fillWorkspace(const TempWorkspace& ws) {
     ws.writeLines("Game-Paths/Quake2/Quake2.Gme", {"c:\\quake2\\", "", "", "", ws.path("players").string()});
     ws.folder("players/male");
 }
-
-} // namespace
 
 TEST(MainWindowMaps, CustomMapListsOpensTheMapCategoryChooser) {
     TempWorkspace ws;

@@ -22,8 +22,6 @@ using namespace rd;
 using rd::test::PromptRecorder;
 using rd::test::TempWorkspace;
 
-namespace {
-
 QStringList texts(const QListWidget* list) {
     QStringList out;
     for (int i = 0; i < list->count(); ++i)
@@ -59,8 +57,6 @@ void clickCheckBox(QCheckBox* box) {
 struct UserFontReset {
     ~UserFontReset() { setUserFont({}); }
 };
-
-} // namespace
 
 TEST(MainWindow, ShowsTheBotsAndEveryProfileInListingOrder) {
     TempWorkspace ws;
