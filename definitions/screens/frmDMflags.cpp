@@ -113,21 +113,7 @@ void frmDMflags::Form_Load() {
     StepRunner trap(screenTrap(this, QStringLiteral("Loading Deathmatch Flags")));
     trap.step([&] { rows = LoadDMflags(path_); });
 
-    QList<QTreeWidgetItem*> items;
-    items.reserve(static_cast<qsizetype>(rows.size()));
-    for (const auto& row : rows) {
-        auto* item = new QTreeWidgetItem;
-        if (row.isCategory) {
-            item->setText(kFlagName, fromBytes(row.name));
-            markCategory(item, categoryIcon_);
-        } else {
-            setFlagRow(item, row);
-        }
-        items.append(item);
-    }
-    lvFlags->setUpdatesEnabled(false);
-    lvFlags->addTopLevelItems(items);
-    lvFlags->setUpdatesEnabled(true);
+    fillDefinitionRows(lvFlags, rows, kFlagName, categoryIcon_, setFlagRow);
 }
 
 void frmDMflags::mnuPopupEdit_Click() {

@@ -120,21 +120,7 @@ void frmOptions::Form_Load() {
     StepRunner trap(screenTrap(this, QStringLiteral("Loading Options")));
     trap.step([&] { rows = LoadDefinitions(path_); });
 
-    QList<QTreeWidgetItem*> items;
-    items.reserve(static_cast<qsizetype>(rows.size()));
-    for (const auto& row : rows) {
-        auto* item = new QTreeWidgetItem;
-        if (row.isCategory) {
-            item->setText(kOptName, fromBytes(row.name));
-            markCategory(item, categoryIcon_);
-        } else {
-            setOptionRow(item, row);
-        }
-        items.append(item);
-    }
-    lvOptions->setUpdatesEnabled(false);
-    lvOptions->addTopLevelItems(items);
-    lvOptions->setUpdatesEnabled(true);
+    fillDefinitionRows(lvOptions, rows, kOptName, categoryIcon_, setOptionRow);
 }
 
 void frmOptions::mnuPopupEdit_Click() {

@@ -242,10 +242,15 @@ void removeRowAndSelectNext(QTreeWidget* view, int row) {
         selectRow(view, view->topLevelItem(std::min(row, count) - 1));
 }
 
-void addCategoryBelowSelection(QTreeWidget* view, int column, const QString& name, const QIcon& icon) {
+QTreeWidgetItem* makeCategoryItem(int column, const QString& name, const QIcon& icon) {
     auto* item = new QTreeWidgetItem;
     item->setText(column, name);
     markCategory(item, icon);
+    return item;
+}
+
+void addCategoryBelowSelection(QTreeWidget* view, int column, const QString& name, const QIcon& icon) {
+    QTreeWidgetItem* item = makeCategoryItem(column, name, icon);
     const int row = selectedRow(view);
     if (row > 0)
         view->insertTopLevelItem(row, item);

@@ -2,18 +2,22 @@
 // Parts the definition screens share: the category icon, labelled fields, and the mouse and keys
 // of the list screens (popup menu, Insert, Delete, Enter, the context-menu key, double-click).
 
+#include "core/screens/qtext.h"
+
 #include <QIcon>
+#include <QList>
 #include <QString>
+#include <QTreeWidget>
 #include <filesystem>
 #include <functional>
+#include <string>
+#include <vector>
 
 class QAction;
 class QGroupBox;
 class QLabel;
 class QMenu;
 class QPushButton;
-class QTreeWidget;
-class QTreeWidgetItem;
 class QWidget;
 
 namespace rd {
@@ -25,6 +29,29 @@ inline constexpr int kCategoryIconIndex = 1;
 // Marks a list-view row as a category: the icon, normal and small.
 void markCategory(QTreeWidgetItem* item, const QIcon& icon);
 bool isCategoryRow(const QTreeWidgetItem* item);
+// A new category row named `name` (in `column`).
+QTreeWidgetItem* makeCategoryItem(int column, const QString& name, const QIcon& icon);
+
+// Fills `view` in one batch with the rows of a definition file: a category row shows its name in
+// `nameColumn` with the category icon, any other row is written into its item by `setRow`.
+template <class Row, class SetRow>
+void fillDefinitionRows(QTreeWidget* view, const std::vector<Row>& rows, int nameColumn, const QIcon& icon,
+                        SetRow setRow) {
+    QList<QTreeWidgetItem*> items;
+    items.reserve(static_cast<qsizetype>(rows.size()));
+    for (const Row& row : rows) {
+        if (row.isCategory) {
+            items.append(makeCategoryItem(nameColumn, fromBytes(row.name), icon));
+        } else {
+            auto* item = new QTreeWidgetItem;
+            setRow(item, row);
+            items.append(item);
+        }
+    }
+    view->setUpdatesEnabled(false);
+    view->addTopLevelItems(items);
+    view->setUpdatesEnabled(true);
+}
 
 // A label named `name` with `caption`, the buddy of `buddy` (so Alt+letter and screen readers
 // find the field by it).

@@ -77,33 +77,27 @@ void GamePathTabs::buildGamePathTabs(QWidget* screen, bool withChoosers) {
     lblModels = makeLabel(paths, "lblModels", QStringLiteral("Location of Models:"));
     txtModels = makeTextBox(paths, "txtModels", lblModels);
 
-    pathsGrid->addWidget(lblLocationOfExe, 0, 0);
-    pathsGrid->addWidget(txtLocationOfExe, 0, 1);
-    if (withChoosers) {
-        cmdChooseGameDir =
-            makeChooser(paths, "cmdChooseGameDir", QStringLiteral("Choose Location of Game EXE File"));
-        pathsGrid->addWidget(cmdChooseGameDir, 0, 2);
-    }
-    pathsGrid->addWidget(lblEXEName, 1, 0);
-    pathsGrid->addWidget(txtEXEName, 1, 1);
-    pathsGrid->addWidget(lblMapLocation, 2, 0);
-    pathsGrid->addWidget(txtMapLocation, 2, 1);
-    if (withChoosers) {
-        cmdMapLocation = makeChooser(paths, "cmdMapLocation", QStringLiteral("Choose Location of Maps"));
-        pathsGrid->addWidget(cmdMapLocation, 2, 2);
-    }
-    pathsGrid->addWidget(lblCDPath, 3, 0);
-    pathsGrid->addWidget(txtCDPath, 3, 1);
-    if (withChoosers) {
-        cmdCDpath = makeChooser(paths, "cmdCDpath", QStringLiteral("Choose Optional CD Data Path"));
-        pathsGrid->addWidget(cmdCDpath, 3, 2);
-    }
-    pathsGrid->addWidget(lblModels, 4, 0);
-    pathsGrid->addWidget(txtModels, 4, 1);
-    if (withChoosers) {
-        cmdChooseModel = makeChooser(paths, "cmdChooseModel", QStringLiteral("Choose Location of Models"));
-        pathsGrid->addWidget(cmdChooseModel, 4, 2);
-    }
+    // A label and its field on one row; with the choosers, a "..." button after them.
+    const auto fieldRow = [withChoosers](QGridLayout* grid, int row, QLabel* label, QWidget* field,
+                                         const char* chooserName = nullptr,
+                                         const QString& chooserFor = QString()) -> QPushButton* {
+        grid->addWidget(label, row, 0);
+        grid->addWidget(field, row, 1);
+        if (!withChoosers || !chooserName)
+            return nullptr;
+        QPushButton* chooser = makeChooser(grid->parentWidget(), chooserName, chooserFor);
+        grid->addWidget(chooser, row, 2);
+        return chooser;
+    };
+    cmdChooseGameDir = fieldRow(pathsGrid, 0, lblLocationOfExe, txtLocationOfExe, "cmdChooseGameDir",
+                                QStringLiteral("Choose Location of Game EXE File"));
+    fieldRow(pathsGrid, 1, lblEXEName, txtEXEName);
+    cmdMapLocation = fieldRow(pathsGrid, 2, lblMapLocation, txtMapLocation, "cmdMapLocation",
+                              QStringLiteral("Choose Location of Maps"));
+    cmdCDpath = fieldRow(pathsGrid, 3, lblCDPath, txtCDPath, "cmdCDpath",
+                         QStringLiteral("Choose Optional CD Data Path"));
+    cmdChooseModel = fieldRow(pathsGrid, 4, lblModels, txtModels, "cmdChooseModel",
+                              QStringLiteral("Choose Location of Models"));
     pathsGrid->setColumnStretch(1, 1);
     pathsGrid->setRowStretch(5, 1);
 
@@ -138,19 +132,12 @@ void GamePathTabs::buildGamePathTabs(QWidget* screen, bool withChoosers) {
     chkFinishSample->setObjectName(QStringLiteral("chkFinishSample"));
 
     int row = 0;
-    grid->addWidget(lblMapReadMe, row, 0);
-    grid->addWidget(txtMapReadMe, row, 1);
-    if (withChoosers) {
-        cmdChooseMapReadme =
-            makeChooser(advanced, "cmdChooseMapReadme", QStringLiteral("Choose Location of Map ReadMe's"));
-        grid->addWidget(cmdChooseMapReadme, row, 2);
-    }
+    cmdChooseMapReadme = fieldRow(grid, row, lblMapReadMe, txtMapReadMe, "cmdChooseMapReadme",
+                                  QStringLiteral("Choose Location of Map ReadMe's"));
     ++row;
-    grid->addWidget(lblSkinFilter, row, 0);
-    grid->addWidget(txtSkinFilter, row, 1);
+    fieldRow(grid, row, lblSkinFilter, txtSkinFilter);
     ++row;
-    grid->addWidget(lblBatchFile, row, 0);
-    grid->addWidget(txtBatchFile, row, 1);
+    fieldRow(grid, row, lblBatchFile, txtBatchFile);
     if (withChoosers) {
         cmdChooseBatch = makeChooser(advanced, "cmdChooseBatch", QStringLiteral("Choose Launch Batch File"));
         cmdEditBatch = makeButton(advanced, "cmdEditBatch", QStringLiteral("&Edit"));
@@ -161,11 +148,9 @@ void GamePathTabs::buildGamePathTabs(QWidget* screen, bool withChoosers) {
         grid->addLayout(batchButtons, row, 2);
     }
     ++row;
-    grid->addWidget(lblModelName, row, 0);
-    grid->addWidget(txtModelName, row, 1);
+    fieldRow(grid, row, lblModelName, txtModelName);
     ++row;
-    grid->addWidget(lblStartType, row, 0);
-    grid->addWidget(cboStartType, row, 1);
+    fieldRow(grid, row, lblStartType, cboStartType);
     ++row;
     grid->addWidget(lblStartTypeHint, row, 1, 1, 2);
     ++row;
