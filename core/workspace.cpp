@@ -3,6 +3,7 @@
 #include "core/nativefolder.h"
 #include "core/nativeprocess.h"
 #include "core/text.h"
+#include "core/winepaths.h"
 
 #include <algorithm>
 #include <cstdlib>
@@ -243,6 +244,10 @@ fs::path pathFromData(std::string_view text) {
         }
         return resolvePath(pathFromUtf8(cp1252ToUtf8(share)), rest);
     }
+#else
+    // A drive path names no folder of this system without a Wine prefix (core/winepaths.h).
+    if (driveLetterOf(rest))
+        return {};
 #endif
     if (isSeparator(rest.front())) {
         base = fs::path("/");

@@ -81,7 +81,9 @@ void renameEntry(const fs::path& from, const fs::path& to, std::error_code& ec);
 std::optional<std::string> refuseNewName(std::string_view name);
 
 // A path read from a data file (a game's folder): '\' and '/' both separate components, and
-// each component is resolved without regard to case where present.
+// each component is resolved without regard to case where present. Outside Windows a drive path
+// (C:\Quake2) resolves only through a Wine prefix: here it gives an empty path; the overload with
+// the workspace's prefix is in core/winepaths.h.
 fs::path pathFromData(std::string_view text);
 // Appends a separator to a path text from a data file: '\' when the text already holds a '\'
 // or no separator at all, '/' when it holds only '/'. Does nothing when it already ends in one.
