@@ -18,16 +18,6 @@ fs::path workspaceRoot(const fs::path& programFolder) {
     return programFolder;
 }
 
-fs::path desktopWorkspaceRoot(const fs::path& programFolder, const fs::path& currentFolder) {
-    const fs::path root = workspaceRoot(programFolder);
-    if (root != programFolder)
-        return root;
-    if (folderExists(resolvePath(programFolder, "Plug-Ins")) ||
-        folderExists(resolvePath(programFolder, "Game-Paths")))
-        return programFolder;
-    return currentFolder;
-}
-
 fs::path programFolder(const char* argv0) {
     return native::runningProgram(argv0).parent_path();
 }

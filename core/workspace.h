@@ -20,11 +20,8 @@ namespace fs = std::filesystem;
 // otherwise `programFolder` (the folder that holds the program).
 fs::path workspaceRoot(const fs::path& programFolder);
 
-// The workspace root of the desktop program, which may be installed far from any workspace: the
-// folder named by ROSTERDESK_ROOT when that is set and not empty; else `programFolder` when it
-// holds Plug-Ins or Game-Paths (in any letter case), as a copy placed in the launcher's folder
-// does; else `currentFolder`.
-fs::path desktopWorkspaceRoot(const fs::path& programFolder, const fs::path& currentFolder);
+// (The desktop program, which may be installed far from any workspace, finds its workspace as
+// core/launcherfolder.h says.)
 
 // The folder that holds the running program (from the system's record of the program's path,
 // else from argv[0]).
