@@ -1,13 +1,21 @@
 // The rosterdesk program: reads the command line once, records the user font, points at the
 // help file and shows exactly one first screen. The program ends when the last screen closes.
 //
-// Three environment variables serve scripts and tests (the command line belongs to the launcher):
+// The workspace is found as core/launcherfolder.h says: ROSTERDESK_ROOT, the program's own
+// folder, the launcher's folder remembered from an earlier start, else the first-start window
+// asks for it (dialogs/frmLauncherFolder.h); cancelling it ends the program.
+//
+// Environment variables serve the desktop entry, scripts and tests (the command line belongs to
+// the launcher):
+//   ROSTERDESK_CHOOSE_FOLDER=1    ask for the launcher's folder first (the desktop action "Choose
+//                                 Launcher Folder…");
 //   ROSTERDESK_SCREENSHOT=<file>  save a picture of the first screen, then quit;
-//   ROSTERDESK_REPORT_START=1     print the workspace, the start-up decision and the first screen,
-//                                 then quit;
+//   ROSTERDESK_REPORT_START=1     print the workspace and how it was found, the start-up decision
+//                                 and the first screen, then quit;
 //   ROSTERDESK_PROMPTS=print      print every message box and input box instead of showing it and
 //                                 answer it from a script, so a test can run the program to its
-//                                 end (core/screens/scriptedprompts.h).
+//                                 end (core/screens/scriptedprompts.h); the first-start window is
+//                                 then asked as an input box.
 
 #include "core/screens/help.h"
 #include "core/screens/qtext.h"
@@ -16,6 +24,7 @@
 #include "core/startup.h"
 #include "core/text.h"
 #include "core/workspace.h"
+#include "dialogs/frmLauncherFolder.h"
 #include "games/screens/frmEditGame.h"
 #include "maps/screens/frmCustomMapEditor.h"
 #include "plugins/screens/frmEditPlugInSetup.h"
@@ -24,6 +33,7 @@
 #include <QApplication>
 #include <QPixmap>
 #include <QPointer>
+#include <QSettings>
 #include <QTimer>
 #include <QWidget>
 #include <cstdio>
@@ -57,16 +67,24 @@ int main(int argc, char** argv) {
     const std::string commandLine = rd::utf8ToCp1252(rd::joinCommandLine(argc, argv));
 
     QApplication app(argc, argv);
+    // The settings (the launcher's folder, remembered) live under these names.
+    QApplication::setOrganizationName(QStringLiteral("RosterDesk"));
     QApplication::setApplicationName(QStringLiteral("RosterDesk"));
 
-    std::error_code noCurrentFolder;
-    const std::filesystem::path root =
-        rd::desktopWorkspaceRoot(rd::programFolder(argv[0]), std::filesystem::current_path(noCurrentFolder));
     const rd::StartupDecision decision = rd::decideStartup(commandLine);
     rd::setUserFont(rd::UserFont{decision.fontSize, decision.fontName});
-    app.setProperty("helpFile", QString::fromStdString(rd::helpFilePath(root).string()));
     rd::installHelpKey(&app);
-    rd::installScriptedPromptsFromEnvironment();
+    const bool scripted = rd::installScriptedPromptsFromEnvironment();
+
+    const char* chooseAgain = std::getenv("ROSTERDESK_CHOOSE_FOLDER");
+    QSettings settings;
+    const std::optional<rd::DesktopRoot> workspace =
+        rd::OpenDesktopWorkspace(rd::programFolder(argv[0]), settings, chooseAgain && *chooseAgain,
+                                 scripted ? rd::LauncherFolderPrompt : rd::LauncherFolderWindow);
+    if (!workspace)
+        return 0; // the user cancelled the first-start window: nothing was touched
+    const std::filesystem::path& root = workspace->folder;
+    app.setProperty("helpFile", QString::fromStdString(rd::helpFilePath(root).string()));
 
     QWidget* first = openFirstScreen(decision, root);
     first->setAttribute(Qt::WA_DeleteOnClose);
@@ -76,11 +94,11 @@ int main(int argc, char** argv) {
 
     if (const char* report = std::getenv("ROSTERDESK_REPORT_START"); report && *report) {
         QTimer::singleShot(0, [&] {
-            std::printf("root=%s\nroute=%s\nargument=%s\nscreen=%s\nfontSize=%d\nfontName=%s\n",
+            std::printf("root=%s\nrootFrom=%s\nroute=%s\nargument=%s\nscreen=%s\nfontSize=%d\nfontName=%s\n",
                         QString::fromStdU16String(root.u16string()).toUtf8().constData(),
-                        rd::firstScreenName(decision.screen), rd::cp1252ToUtf8(decision.argument).c_str(),
-                        firstName.toUtf8().constData(), decision.fontSize,
-                        rd::cp1252ToUtf8(decision.fontName).c_str());
+                        rd::rootSourceName(workspace->source), rd::firstScreenName(decision.screen),
+                        rd::cp1252ToUtf8(decision.argument).c_str(), firstName.toUtf8().constData(),
+                        decision.fontSize, rd::cp1252ToUtf8(decision.fontName).c_str());
             std::fflush(stdout);
             QApplication::quit();
         });

@@ -3,6 +3,7 @@
 #include "core/nativefolder.h"
 #include "core/nativeprocess.h"
 #include "core/text.h"
+#include "core/winepaths.h"
 
 #include <algorithm>
 #include <cstdlib>
@@ -15,16 +16,6 @@ fs::path workspaceRoot(const fs::path& programFolder) {
     if (env && *env)
         return fs::path(env);
     return programFolder;
-}
-
-fs::path desktopWorkspaceRoot(const fs::path& programFolder, const fs::path& currentFolder) {
-    const fs::path root = workspaceRoot(programFolder);
-    if (root != programFolder)
-        return root;
-    if (folderExists(resolvePath(programFolder, "Plug-Ins")) ||
-        folderExists(resolvePath(programFolder, "Game-Paths")))
-        return programFolder;
-    return currentFolder;
 }
 
 fs::path programFolder(const char* argv0) {
@@ -243,6 +234,10 @@ fs::path pathFromData(std::string_view text) {
         }
         return resolvePath(pathFromUtf8(cp1252ToUtf8(share)), rest);
     }
+#else
+    // A drive path names no folder of this system without a Wine prefix (core/winepaths.h).
+    if (driveLetterOf(rest))
+        return {};
 #endif
     if (isSeparator(rest.front())) {
         base = fs::path("/");

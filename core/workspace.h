@@ -20,11 +20,8 @@ namespace fs = std::filesystem;
 // otherwise `programFolder` (the folder that holds the program).
 fs::path workspaceRoot(const fs::path& programFolder);
 
-// The workspace root of the desktop program, which may be installed far from any workspace: the
-// folder named by ROSTERDESK_ROOT when that is set and not empty; else `programFolder` when it
-// holds Plug-Ins or Game-Paths (in any letter case), as a copy placed in the launcher's folder
-// does; else `currentFolder`.
-fs::path desktopWorkspaceRoot(const fs::path& programFolder, const fs::path& currentFolder);
+// (The desktop program, which may be installed far from any workspace, finds its workspace as
+// core/launcherfolder.h says.)
 
 // The folder that holds the running program (from the system's record of the program's path,
 // else from argv[0]).
@@ -81,7 +78,9 @@ void renameEntry(const fs::path& from, const fs::path& to, std::error_code& ec);
 std::optional<std::string> refuseNewName(std::string_view name);
 
 // A path read from a data file (a game's folder): '\' and '/' both separate components, and
-// each component is resolved without regard to case where present.
+// each component is resolved without regard to case where present. Outside Windows a drive path
+// (C:\Quake2) resolves only through a Wine prefix: here it gives an empty path; the overload with
+// the workspace's prefix is in core/winepaths.h.
 fs::path pathFromData(std::string_view text);
 // Appends a separator to a path text from a data file: '\' when the text already holds a '\'
 // or no separator at all, '/' when it holds only '/'. Does nothing when it already ends in one.

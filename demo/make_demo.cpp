@@ -1,6 +1,9 @@
 // Builds the demo workspaces: copies demo/workspace (the clean one) and demo/broken (the one the
 // workspace doctor finds every kind of fault in) byte for byte, replacing @INSTALL@ with the fake
-// installation's path, and writes a small fake Quake 2 installation beside them.
+// installation's path and @WORKSPACE@ with the workspace's own, and writes a small fake Quake 2
+// installation beside them. The clean workspace is made a second time as a real installation
+// under Wine: a Wine-style prefix (wine/dosdevices/c: and z:) with the launcher's folder in
+// drive_c/Tarnwick, the game in drive_c/Quake2 and records that hold C:\ paths.
 //
 //   rosterdesk-make-demo <demo folder> <output folder>
 
@@ -17,24 +20,38 @@ using rd::test::PakEntry;
 
 namespace {
 
-// Replaces every @INSTALL@ with the installation's path. On Windows the rest of such a path
-// (up to the end of its line) takes backslashes too, so records hold Windows paths.
-std::string placeInstall(std::string text, const std::string& install) {
-    const std::string marker = "@INSTALL@";
-    for (std::size_t at = text.find(marker); at != std::string::npos; at = text.find(marker, at)) {
-        text.replace(at, marker.size(), install);
-        at += install.size();
+// The paths the demo's files name: the fake installation (@INSTALL@) and the workspace itself
+// (@WORKSPACE@), and whether they are written as Windows paths.
+struct Places {
+    std::string install;
+    std::string workspace;
 #ifdef _WIN32
-        for (; at < text.size() && text[at] != '\r' && text[at] != '\n'; ++at)
+    bool windowsPaths = true;
+#else
+    bool windowsPaths = false;
+#endif
+};
+
+// Replaces every `marker` with `path`. For Windows paths the rest of such a path (up to the end of
+// its line) takes backslashes too, so records hold Windows paths.
+void placePath(std::string& text, const std::string& marker, const std::string& path, bool windowsPaths) {
+    for (std::size_t at = text.find(marker); at != std::string::npos; at = text.find(marker, at)) {
+        text.replace(at, marker.size(), path);
+        at += path.size();
+        for (; windowsPaths && at < text.size() && text[at] != '\r' && text[at] != '\n'; ++at)
             if (text[at] == '/')
                 text[at] = '\\';
-#endif
     }
+}
+
+std::string placeInstall(std::string text, const Places& places) {
+    placePath(text, "@INSTALL@", places.install, places.windowsPaths);
+    placePath(text, "@WORKSPACE@", places.workspace, places.windowsPaths);
     return text;
 }
 
-// Copies the workspace `source` into `target` byte for byte, placing the installation's path.
-void copyWorkspace(const fs::path& source, const fs::path& target, const std::string& install) {
+// Copies the workspace `source` into `target` byte for byte, placing the paths.
+void copyWorkspace(const fs::path& source, const fs::path& target, const Places& places) {
     fs::remove_all(target);
     fs::create_directories(target);
     for (const auto& entry : fs::recursive_directory_iterator(source)) {
@@ -44,7 +61,7 @@ void copyWorkspace(const fs::path& source, const fs::path& target, const std::st
             continue;
         }
         fs::create_directories(to.parent_path());
-        rd::test::writeBytes(to, placeInstall(rd::test::readBytes(entry.path()), install));
+        rd::test::writeBytes(to, placeInstall(rd::test::readBytes(entry.path()), places));
     }
 }
 
@@ -87,6 +104,29 @@ void writeInstall(const fs::path& install) {
     rd::test::writeBytes(q2 / "quake2.exe", "MZ");
 }
 
+// The clean workspace as a real installation under Wine: the prefix `prefix` with the drives c:
+// (its drive_c) and z: (the root), the game in drive_c/Quake2 and the launcher's folder in
+// drive_c/Tarnwick, whose records name them as C:\ paths. Windows has no such links and needs
+// none: there the records name drive_c by its Windows path.
+fs::path writeWineDemo(const fs::path& source, const fs::path& prefix) {
+    fs::remove_all(prefix); // the z: link is removed, not followed
+    const fs::path driveC = prefix / "drive_c";
+    const fs::path launcher = driveC / "Tarnwick";
+    fs::create_directories(driveC);
+    writeInstall(driveC);
+#ifdef _WIN32
+    const Places places{driveC.string(), launcher.string()};
+#else
+    fs::rename(driveC / "quake2", driveC / "Quake2"); // as the game's installer names it
+    fs::create_directories(prefix / "dosdevices");
+    fs::create_directory_symlink("../drive_c", prefix / "dosdevices" / "c:");
+    fs::create_directory_symlink("/", prefix / "dosdevices" / "z:");
+    const Places places{"C:", "C:\\Tarnwick", true};
+#endif
+    copyWorkspace(source, launcher, places);
+    return launcher;
+}
+
 } // namespace
 
 int main(int argc, char** argv) {
@@ -100,11 +140,12 @@ int main(int argc, char** argv) {
     try {
         fs::remove_all(install);
         writeInstall(install);
-        const std::string installText = install.string();
         for (const char* name : {"workspace", "broken"}) {
-            copyWorkspace(source / name, output / name, installText);
+            copyWorkspace(source / name, output / name, Places{install.string(), (output / name).string()});
             std::cout << "Demo workspace: " << (output / name).string() << "\n";
         }
+        const fs::path wine = writeWineDemo(source / "workspace", output / "wine");
+        std::cout << "Demo workspace under Wine: " << wine.string() << "\n";
     } catch (const std::exception& e) {
         std::cerr << "rosterdesk-make-demo: " << e.what() << "\n";
         return 1;

@@ -1,7 +1,9 @@
 #include "dialogs/frmFindFolder.h"
 
 #include "core/screens/controls.h"
+#include "core/screens/qtext.h"
 #include "core/screens/userfont.h"
+#include "core/workspace.h"
 
 #include <QComboBox>
 #include <QDir>
@@ -15,6 +17,8 @@
 #include <QTimer>
 #include <QTreeView>
 #include <QVBoxLayout>
+#include <filesystem>
+#include <system_error>
 
 namespace rd {
 
@@ -44,29 +48,22 @@ bool onDrive(const QString& path, const QString& root) {
 
 } // namespace
 
-QString FindFolder(QWidget* owner, const QString& startFolder) {
-    frmFindFolder picker(startFolder, owner);
+QString FindFolder(QWidget* owner, const QString& startFolder, const WinePrefix& wine) {
+    frmFindFolder picker(startFolder, owner, wine);
     picker.exec();
     return picker.chosenFolder();
 }
 
-frmFindFolder::frmFindFolder(const QString& startFolder, QWidget* owner) : QDialog(owner) {
+frmFindFolder::frmFindFolder(const QString& startFolder, QWidget* owner, const WinePrefix& wine)
+    : QDialog(owner), wine_(wine) {
     setObjectName(QStringLiteral("frmFindFolder"));
     setWindowTitle(QStringLiteral("Choose Path"));
 
     Drive1 = new QComboBox(this);
     Drive1->setAccessibleName(QStringLiteral("Drive"));
     Drive1->setObjectName(QStringLiteral("Drive1"));
-    for (const QStorageInfo& volume : QStorageInfo::mountedVolumes()) {
-        if (!volume.isValid() || !volume.isReady())
-            continue;
-        const QString root = volume.rootPath();
-        const QString name = volume.displayName();
-        const QString shown = name.isEmpty() || name == root
-                                  ? QDir::toNativeSeparators(root)
-                                  : QStringLiteral("%1 [%2]").arg(QDir::toNativeSeparators(root), name);
-        Drive1->addItem(shown, root);
-    }
+    if (!addWineDrives())
+        addVolumes();
 
     model_ = new QFileSystemModel(this);
     model_->setFilter(QDir::AllDirs | QDir::Drives | QDir::Hidden | QDir::NoDotAndDotDot);
@@ -125,6 +122,33 @@ frmFindFolder::frmFindFolder(const QString& startFolder, QWidget* owner) : QDial
 
     const QFontMetrics metrics(font());
     resize(metrics.averageCharWidth() * 50, metrics.lineSpacing() * 22);
+}
+
+bool frmFindFolder::addWineDrives() {
+    if (!wine_.mapsDrives())
+        return false;
+    for (const WineDrive& drive : wine_.drives) {
+        std::error_code ec;
+        if (!std::filesystem::is_directory(drive.folder(), ec))
+            continue; // a drive whose link leads nowhere cannot be opened
+        const QString root = QString::fromStdU16String(drive.folder().u16string());
+        Drive1->addItem(QStringLiteral("%1:").arg(QChar::fromLatin1(drive.letter)), root);
+        Drive1->setItemData(Drive1->count() - 1, QDir::toNativeSeparators(root), Qt::ToolTipRole);
+    }
+    return Drive1->count() > 0;
+}
+
+void frmFindFolder::addVolumes() {
+    for (const QStorageInfo& volume : QStorageInfo::mountedVolumes()) {
+        if (!volume.isValid() || !volume.isReady())
+            continue;
+        const QString root = volume.rootPath();
+        const QString name = volume.displayName();
+        const QString shown = name.isEmpty() || name == root
+                                  ? QDir::toNativeSeparators(root)
+                                  : QStringLiteral("%1 [%2]").arg(QDir::toNativeSeparators(root), name);
+        Drive1->addItem(shown, root);
+    }
 }
 
 QString frmFindFolder::selectedDrive() const {
@@ -190,8 +214,12 @@ void frmFindFolder::Drive1_Change() {
 }
 
 void frmFindFolder::cmdOK_Click() {
-    if (!openFolder_.isEmpty())
+    if (!openFolder_.isEmpty()) {
         result_ = QDir::toNativeSeparators(openFolder_);
+        // Under Wine the launcher reads the folder on its drive: C:\Quake2\baseq2\.
+        if (const auto drivePath = drivePathOf(std::filesystem::path(openFolder_.toStdU16String()), wine_))
+            result_ = fromBytes(withTrailingSeparator(*drivePath));
+    }
     accept();
 }
 

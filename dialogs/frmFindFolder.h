@@ -1,5 +1,8 @@
 #pragma once
-// The folder picker: choose a drive (a mounted volume) and a folder on it.
+// The folder picker: choose a drive (a mounted volume, or under Wine a drive of the workspace's
+// prefix) and a folder on it.
+
+#include "core/winepaths.h"
 
 #include <QDialog>
 #include <QString>
@@ -13,15 +16,18 @@ namespace rd {
 
 // Opens the folder picker modally over `owner`, at `startFolder` when that folder exists (a
 // folder or drive that is not there leaves the picker at the current folder, without a word).
-// Returns the folder chosen with OK, or an empty text when the user cancelled.
-QString FindFolder(QWidget* owner, const QString& startFolder);
+// Returns the folder chosen with OK, or an empty text when the user cancelled. With a Wine prefix
+// that maps drives, the drive list shows the prefix's drives (C:, D:, Z:, ...) and the folder
+// chosen comes back as the launcher names it: "C:\Quake2\baseq2\".
+QString FindFolder(QWidget* owner, const QString& startFolder, const WinePrefix& wine = {});
 
 class frmFindFolder : public QDialog {
     Q_OBJECT
 public:
-    explicit frmFindFolder(const QString& startFolder, QWidget* owner = nullptr);
+    explicit frmFindFolder(const QString& startFolder, QWidget* owner = nullptr, const WinePrefix& wine = {});
 
-    // After OK: the folder that was open in the tree (native separators). Empty otherwise.
+    // After OK: the folder that was open in the tree (native separators; in drive form with a
+    // trailing backslash when a Wine prefix maps the drives). Empty otherwise.
     QString chosenFolder() const { return result_; }
     // The folder open in the tree right now.
     QString openFolder() const { return openFolder_; }
@@ -46,6 +52,11 @@ private:
     void openAt(const QString& path);
     void showDrive(const QString& root);
 
+    // Fills Drive1 with the prefix's drives whose folders exist; false when there are none.
+    bool addWineDrives();
+    void addVolumes();
+
+    WinePrefix wine_;
     QFileSystemModel* model_;
     QString openFolder_;
     QString result_;

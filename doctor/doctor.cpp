@@ -2,6 +2,7 @@
 
 #include "core/text.h"
 #include "core/textfile.h"
+#include "core/winepaths.h"
 #include "core/workspace.h"
 #include "definitions/definitioncheck.h"
 #include "definitions/lists.h"
@@ -127,7 +128,8 @@ void appendNames(std::vector<std::string>& to, const std::vector<std::string>& f
 
 // A game's maps, categories, arenas and female models.
 void checkGameFiles(const FolderIndex& folder, const GameCheck& game,
-                    std::map<std::pair<std::string, std::string>, InstalledMaps>& catalogues, Findings& out) {
+                    std::map<std::pair<std::string, std::string>, InstalledMaps>& catalogues,
+                    const WinePrefix& wine, Findings& out) {
     // The maps a game has installed are known when both its folders are (the record check
     // reports a missing one).
     const InstalledMaps* installed = nullptr;
@@ -137,7 +139,8 @@ void checkGameFiles(const FolderIndex& folder, const GameCheck& game,
         if (it == catalogues.end()) {
             std::vector<std::string> failures;
             StepRunner trap(collectAndIgnore(failures));
-            it = catalogues.emplace(key, installedMaps(CatalogueRows(key.first, key.second, trap))).first;
+            it = catalogues.emplace(key, installedMaps(CatalogueRows(key.first, key.second, trap, wine)))
+                     .first;
         }
         installed = &it->second;
     }
@@ -167,7 +170,7 @@ void checkGameFiles(const FolderIndex& folder, const GameCheck& game,
     }
     if (const auto female = folder.file("Female.cfg")) {
         if (game.modelsFolderExists) {
-            checkFemaleList(*female, listModels(game.record->txtModels), game.record->txtModels, out);
+            checkFemaleList(*female, listModels(game.record->txtModels, wine), game.record->txtModels, out);
         } else {
             try {
                 readFemaleList(*female);
@@ -215,10 +218,11 @@ std::vector<DoctorFinding> Diagnose(const fs::path& root) {
     }
 
     std::map<std::pair<std::string, std::string>, InstalledMaps> catalogues;
+    const WinePrefix wine = findWinePrefix(root);
     for (const auto& game : games) {
         const fs::path folder = joinName(gamePaths, game);
         const FolderIndex index(folder);
-        const GameCheck check = checkGame(folder, game, out);
+        const GameCheck check = checkGame(folder, game, out, wine);
         readWizardList(index, out);
         DefinitionFolder definitions{game, game, {}};
         readDefinitionFolder(index, definitions, out);
@@ -228,7 +232,7 @@ std::vector<DoctorFinding> Diagnose(const fs::path& root) {
             lists.push_back(std::move(list));
         for (const auto& list : lists)
             checkListFile(list, out);
-        checkGameFiles(index, check, catalogues, out);
+        checkGameFiles(index, check, catalogues, wine, out);
     }
 
     // The lists of a game's folder, listed once for all the option files that use them.

@@ -56,30 +56,49 @@ template <typename Load> auto loadChecked(const fs::path& file, Findings& out, L
     return loaded;
 }
 
+// A drive path whose drive no Wine prefix of the workspace maps: the drive's letter. Nothing for
+// any other text, and always nothing on Windows, where drive paths are the system's own.
+std::optional<char> unmappedDrive(const std::string& text, const WinePrefix& wine) {
+#ifdef _WIN32
+    (void)text;
+    (void)wine;
+    return std::nullopt;
+#else
+    const auto letter = driveLetterOf(text);
+    if (!letter || wine.drive(*letter))
+        return std::nullopt;
+    return letter;
+#endif
+}
+
 // A folder field of the record: it must name a folder that exists.
 bool checkFolder(const fs::path& file, std::size_t line, const std::string& text, const char* what,
-                 std::optional<std::size_t>& lineCount, Findings& out) {
-    if (!text.empty() && folderExists(pathFromData(text)))
+                 std::optional<std::size_t>& lineCount, Findings& out, const WinePrefix& wine) {
+    if (!text.empty() && folderExists(pathFromData(text, wine)))
         return true;
     if (!lineCount) {
         const auto lines = linesOf(file, out);
         lineCount = lines ? lines->size() : 0;
     }
     const bool present = line <= *lineCount;
+    const std::optional<std::size_t> at = present ? std::optional<std::size_t>(line) : std::nullopt;
+    const std::string named =
+        std::string("the ") + what + " " + inQuotes(text) +
+        (present ? "" : " (the default, as the record has no line " + std::to_string(line) + ")");
     if (text.empty())
         out.push_back({Severity::Error, file, line, std::string("the record names no ") + what});
+    else if (const auto drive = unmappedDrive(text, wine))
+        // Not known to be wrong: the launcher under Wine may well find it.
+        out.push_back({Severity::Warning, file, at,
+                       named + " is a Windows path, and no Wine prefix maps drive " + *drive + ":"});
     else
-        out.push_back(
-            {Severity::Error, file, present ? std::optional<std::size_t>(line) : std::nullopt,
-             std::string("the ") + what + " " + inQuotes(text) +
-                 (present ? "" : " (the default, as the record has no line " + std::to_string(line) + ")") +
-                 " does not exist"});
+        out.push_back({Severity::Error, file, at, named + " does not exist"});
     return false;
 }
 
 } // namespace
 
-GameCheck checkGame(const fs::path& folder, const std::string& game, Findings& out) {
+GameCheck checkGame(const fs::path& folder, const std::string& game, Findings& out, const WinePrefix& wine) {
     GameCheck check;
     const fs::path recordFile = resolvePath(folder, game + ".Gme");
     if (!fileExists(recordFile)) {
@@ -94,11 +113,11 @@ GameCheck checkGame(const fs::path& folder, const std::string& game, Findings& o
     if (check.record) {
         std::optional<std::size_t> lineCount;
         check.programFolderExists = checkFolder(recordFile, 1, check.record->txtLocationOfExe,
-                                                "game's program folder", lineCount, out);
+                                                "game's program folder", lineCount, out, wine);
         check.mapsFolderExists =
-            checkFolder(recordFile, 2, check.record->txtMapLocation, "maps folder", lineCount, out);
+            checkFolder(recordFile, 2, check.record->txtMapLocation, "maps folder", lineCount, out, wine);
         check.modelsFolderExists =
-            checkFolder(recordFile, 5, check.record->txtModels, "models folder", lineCount, out);
+            checkFolder(recordFile, 5, check.record->txtModels, "models folder", lineCount, out, wine);
     }
     const fs::path templateFile = resolvePath(folder, "Template.cfg");
     if (fileExists(templateFile))

@@ -4,6 +4,7 @@
 // editor offers; the same start type rule holds for its paths template.
 
 #include "core/findings.h"
+#include "core/winepaths.h"
 #include "games/gamerecord.h"
 
 #include <filesystem>
@@ -19,7 +20,9 @@ struct GameCheck {
     bool modelsFolderExists = false;      // line 5 names a folder that exists
 };
 
-// Checks the game `game` whose folder is `folder` (a sub-folder of Game-Paths).
-GameCheck checkGame(const std::filesystem::path& folder, const std::string& game, Findings& out);
+// Checks the game `game` whose folder is `folder` (a sub-folder of Game-Paths); drive paths of the
+// record resolve through the workspace's Wine prefix `wine`.
+GameCheck checkGame(const std::filesystem::path& folder, const std::string& game, Findings& out,
+                    const WinePrefix& wine);
 
 } // namespace rd

@@ -125,11 +125,11 @@ bool ScanPak(const fs::path& pakPath, std::vector<std::string>& target, bool map
 }
 
 void AddPak(std::string_view folder, std::string_view title, std::vector<CatalogueRow>& rows,
-            StepRunner& trap) {
+            StepRunner& trap, const WinePrefix& wine) {
     if (folder.empty())
         return;
     const std::string withSeparator = withTrailingSeparator(folder);
-    const fs::path directory = pathFromData(withSeparator);
+    const fs::path directory = pathFromData(withSeparator, wine);
     if (!folderExists(directory))
         return;
     const std::vector<std::string> archives = listFiles(directory, "PAK*.PAK");
@@ -155,18 +155,18 @@ std::string looseMapName(std::string_view fileName) {
 }
 
 std::vector<CatalogueRow> CatalogueRows(std::string_view mainFolderText, std::string_view mapFolderText,
-                                        StepRunner& trap) {
+                                        StepRunner& trap, const WinePrefix& wine) {
     const std::string mainFolder = withTrailingSeparator(mainFolderText);
     const std::string mapFolder = withTrailingSeparator(mapFolderText);
     std::vector<CatalogueRow> rows;
-    AddPak(mainFolder, "Quake2", rows, trap);
-    AddPak(mainFolder, "CTF", rows, trap);
-    AddPak(mainFolder + "baseq2", "BaseQ2", rows, trap);
-    AddPak(mainFolder + "eraser", "Eraser", rows, trap);
-    AddPak(mainFolder + "crbot", "CRbot", rows, trap);
-    AddPak(mainFolder + "ace", "ACE", rows, trap);
+    AddPak(mainFolder, "Quake2", rows, trap, wine);
+    AddPak(mainFolder, "CTF", rows, trap, wine);
+    AddPak(mainFolder + "baseq2", "BaseQ2", rows, trap, wine);
+    AddPak(mainFolder + "eraser", "Eraser", rows, trap, wine);
+    AddPak(mainFolder + "crbot", "CRbot", rows, trap, wine);
+    AddPak(mainFolder + "ace", "ACE", rows, trap, wine);
 
-    const std::vector<std::string> looseFiles = listFiles(pathFromData(mapFolder), "*.bsp");
+    const std::vector<std::string> looseFiles = listFiles(pathFromData(mapFolder, wine), "*.bsp");
     rows.reserve(rows.size() + looseFiles.size());
     for (const auto& file : looseFiles)
         rows.push_back(CatalogueRow{looseMapName(file), "Custom Maps"});
@@ -188,7 +188,7 @@ Catalogue BuildCatalogue(const fs::path& root, std::string_view game, TrapHandle
         mapFolder = reader.readLine("");
     }
     StepRunner trap(std::move(handler));
-    catalogue.rows = CatalogueRows(mainFolder, mapFolder, trap);
+    catalogue.rows = CatalogueRows(mainFolder, mapFolder, trap, findWinePrefix(root));
     return catalogue;
 }
 

@@ -3,6 +3,7 @@
 // archives or lying loose in its map folder, make the catalogue the add-map screen offers.
 
 #include "core/steprunner.h"
+#include "core/winepaths.h"
 
 #include "games/gamerecord.h"
 
@@ -29,11 +30,11 @@ struct CatalogueRow {
 
 inline constexpr const char* kAddPakTrapTitle = "Adding a Bot - AddPak";
 
-// Scans every "PAK*.PAK" archive of `folder` (a folder as read from a game record) in listing
-// order and appends one row per map found, sourced trim(title) + " " + archive name. Each archive
-// is one step under `trap`.
+// Scans every "PAK*.PAK" archive of `folder` (a folder as read from a game record; a drive path
+// resolves through the workspace's Wine prefix `wine`) in listing order and appends one row per
+// map found, sourced trim(title) + " " + archive name. Each archive is one step under `trap`.
 void AddPak(std::string_view folder, std::string_view title, std::vector<CatalogueRow>& rows,
-            StepRunner& trap);
+            StepRunner& trap, const WinePrefix& wine);
 
 // The catalogue of a game's installed maps: the archives of the main folder (twice, as "Quake2"
 // and "CTF"), of its baseq2, eraser, crbot and ace sub-folders, then the loose *.bsp files of the
@@ -45,9 +46,9 @@ struct Catalogue {
 };
 Catalogue BuildCatalogue(const std::filesystem::path& root, std::string_view game, TrapHandler trap);
 // The catalogue's rows for a main folder and a map folder as a record holds them (lines 1 and 2;
-// a separator is appended to either when it has none).
+// a separator is appended to either when it has none), drive paths resolved through `wine`.
 std::vector<CatalogueRow> CatalogueRows(std::string_view mainFolder, std::string_view mapFolder,
-                                        StepRunner& trap);
+                                        StepRunner& trap, const WinePrefix& wine);
 
 // A loose map file's name with ".bsp" cut off: first found without regard to case, then with it.
 std::string looseMapName(std::string_view fileName);

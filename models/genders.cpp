@@ -2,6 +2,7 @@
 
 #include "core/text.h"
 #include "core/textfile.h"
+#include "core/winepaths.h"
 #include "core/workspace.h"
 #include "games/gamelist.h"
 
@@ -30,7 +31,7 @@ ModelGenders LoadModelGenders(const fs::path& root, std::string_view game) {
         genders.noModelsFolder = true;
         return genders;
     }
-    genders.male = listModels(models);
+    genders.male = listModels(models, findWinePrefix(root));
 
     genders.saveTarget = resolvePath(folder, "Female.cfg");
     if (!fileExists(genders.saveTarget))
@@ -48,8 +49,8 @@ ModelGenders LoadModelGenders(const fs::path& root, std::string_view game) {
     return genders;
 }
 
-std::vector<std::string> listModels(std::string_view modelsFolder) {
-    return listFolders(pathFromData(withTrailingSeparator(modelsFolder)));
+std::vector<std::string> listModels(std::string_view modelsFolder, const WinePrefix& wine) {
+    return listFolders(pathFromData(withTrailingSeparator(modelsFolder), wine));
 }
 
 void SaveFemaleList(const fs::path& path, const std::vector<std::string>& female) {

@@ -2,6 +2,8 @@
 // Model genders: Game-Paths\<game>\Female.cfg names the female player models of a game, one a
 // line; every model of the game (a sub-folder of its models folder) not named there is male.
 
+#include "core/winepaths.h"
+
 #include <filesystem>
 #include <string>
 #include <string_view>
@@ -32,8 +34,9 @@ std::filesystem::path genderRecordPath(const std::filesystem::path& root, std::s
 // read (the caller's error trap reports it); `saveTarget` is set before anything is read.
 ModelGenders LoadModelGenders(const std::filesystem::path& root, std::string_view game);
 
-// The models of a models folder as a record holds it (line 5): its sub-folders, in listing order.
-std::vector<std::string> listModels(std::string_view modelsFolder);
+// The models of a models folder as a record holds it (line 5; a drive path resolves through the
+// workspace's Wine prefix `wine`): its sub-folders, in listing order.
+std::vector<std::string> listModels(std::string_view modelsFolder, const WinePrefix& wine);
 
 // Writes the names one a line (an empty list gives an empty file).
 void SaveFemaleList(const std::filesystem::path& path, const std::vector<std::string>& female);

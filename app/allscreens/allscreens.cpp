@@ -13,6 +13,7 @@
 #include "definitions/screens/frmNumberRange.h"
 #include "definitions/screens/frmOptions.h"
 #include "dialogs/frmFindFolder.h"
+#include "dialogs/frmLauncherFolder.h"
 #include "dialogs/frmPickFromLV.h"
 #include "dialogs/frmRDabout.h"
 #include "games/gamerecord.h"
@@ -62,14 +63,14 @@ void selectEntry(QListWidget* list, const QString& text) {
 } // namespace
 
 QStringList allScreenNames() {
-    return {"frmMain",          "frmAddBot",     "frmEditPlugInSetup", "frmEditAutoWiz",
-            "frmEditWiz",       "frmGame",       "frmEditGame",        "frmGameTemplate",
-            "frmEditing",       "frmOptions",    "frmEditOption",      "frmNumberRange",
-            "frmChooseList",    "frmEditList",   "frmEditItem",        "frmPickFromLV",
-            "frmDMflags",       "frmEditDMflag", "frmCustomMapEditor", "frmCustomMaps",
-            "frmEditCustomMap", "frmAddMaps",    "frmArenas",          "frmEditArena",
-            "frmSex",           "frmFindFolder", "frmRDabout",         "frmZoom",
-            "frmHelp"};
+    return {"frmMain",          "frmAddBot",        "frmEditPlugInSetup", "frmEditAutoWiz",
+            "frmEditWiz",       "frmGame",          "frmEditGame",        "frmGameTemplate",
+            "frmEditing",       "frmOptions",       "frmEditOption",      "frmNumberRange",
+            "frmChooseList",    "frmEditList",      "frmEditItem",        "frmPickFromLV",
+            "frmDMflags",       "frmEditDMflag",    "frmCustomMapEditor", "frmCustomMaps",
+            "frmEditCustomMap", "frmAddMaps",       "frmArenas",          "frmEditArena",
+            "frmSex",           "frmFindFolder",    "frmRDabout",         "frmZoom",
+            "frmHelp",          "frmLauncherFolder"};
 }
 
 bool forEachScreen(const std::filesystem::path& root, const std::function<bool(QWidget*)>& visit) {
@@ -164,7 +165,11 @@ bool forEachScreen(const std::filesystem::path& root, const std::function<bool(Q
         return false;
     auto help = std::make_unique<rd::frmHelp>();
     help->showPage(rd::kHelpIndexPage);
-    return visit(help.get());
+    if (!visit(help.get()))
+        return false;
+    // The first-start window of an installed program, offering the workspace as a launcher folder
+    // found.
+    return visit(std::make_unique<rd::frmLauncherFolder>(std::vector<std::filesystem::path>{root}).get());
 }
 
 } // namespace rd

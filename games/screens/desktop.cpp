@@ -18,13 +18,13 @@ namespace {
 class RealDesktop : public Desktop {
 public:
     QString chooseFileToOpen(QWidget* parent, const QString& title, const QString& fileName,
-                             const QString& filter) override {
+                             const QString& filter, const WinePrefix& wine) override {
         const QString chosen =
-            QFileDialog::getOpenFileName(parent, title, platformPath(fileName), qtFileFilter(filter));
+            QFileDialog::getOpenFileName(parent, title, platformPath(fileName, wine), qtFileFilter(filter));
         return chosen.isEmpty() ? QString() : QDir::toNativeSeparators(chosen);
     }
 
-    bool startTextEditor(QWidget*, const QString& file) override {
+    bool startTextEditor(QWidget*, const QString& file, [[maybe_unused]] const WinePrefix& wine) override {
 #ifdef Q_OS_WIN
         // "notepad.exe " followed directly by the text, not quoted.
         QProcess notepad;
@@ -32,7 +32,7 @@ public:
         notepad.setNativeArguments(file);
         return notepad.startDetached();
 #else
-        const QString path = platformPath(file);
+        const QString path = platformPath(file, wine);
         if (path.isEmpty())
             return false;
         return QDesktopServices::openUrl(QUrl::fromLocalFile(QFileInfo(path).absoluteFilePath()));
@@ -74,13 +74,13 @@ QString qtFileFilter(const QString& launcherFilter) {
     return filters.join(QStringLiteral(";;"));
 }
 
-QString platformPath(const QString& dataPath) {
+QString platformPath(const QString& dataPath, [[maybe_unused]] const WinePrefix& wine) {
 #ifdef Q_OS_WIN
     return dataPath;
 #else
     if (dataPath.isEmpty())
         return QString();
-    return QString::fromStdU16String(pathFromData(toBytes(dataPath)).u16string());
+    return QString::fromStdU16String(pathFromData(toBytes(dataPath), wine).u16string());
 #endif
 }
 

@@ -48,7 +48,7 @@ void EditGame(QWidget* owner, const std::filesystem::path& root, const std::stri
 }
 
 frmEditGame::frmEditGame(std::filesystem::path root, std::string game, QWidget* owner)
-    : QDialog(owner), root_(std::move(root)), game_(std::move(game)) {
+    : QDialog(owner), root_(std::move(root)), game_(std::move(game)), wine_(findWinePrefix(root_)) {
     setObjectName(QStringLiteral("frmEditGame"));
     setWindowTitle(QStringLiteral("Edit Game"));
     setSizeGripEnabled(true);
@@ -157,14 +157,16 @@ void frmEditGame::txtLocationOfExe_LostFocus() {
     const QString folder = txtLocationOfExe->text();
     if (!isQuake2Program(toBytes(txtEXEName->text())) || folder == rememberedExeFolder_)
         return;
-    const std::string bytes = toBytes(folder);
+    // A folder of this system typed under Wine: the launcher reads the maps and models folders
+    // in drive form. The program folder itself stays as typed.
+    const std::string bytes = launcherPathText(toBytes(folder), wine_);
     txtMapLocation->setText(fromBytes(quake2DataFolder(bytes, "maps")));
     txtModels->setText(fromBytes(quake2DataFolder(bytes, "players")));
     rememberedExeFolder_ = folder;
 }
 
 void frmEditGame::chooseFolderFor(QLineEdit* box) {
-    const QString chosen = FindFolder(this, platformPath(box->text()));
+    const QString chosen = FindFolder(this, platformPath(box->text(), wine_), wine_);
     if (!chosen.isEmpty())
         box->setText(chosen);
 }
@@ -191,14 +193,15 @@ void frmEditGame::cmdChooseMapReadme_Click() {
 
 void frmEditGame::cmdChooseBatch_Click() {
     const QString chosen =
-        Desktop::current().chooseFileToOpen(this, kBatchTitle, txtBatchFile->text(), kBatchFilter);
+        Desktop::current().chooseFileToOpen(this, kBatchTitle, txtBatchFile->text(), kBatchFilter, wine_);
     if (!chosen.isEmpty())
-        txtBatchFile->setText(chosen);
+        txtBatchFile->setText(wine_.mapsDrives() ? fromBytes(launcherPathText(toBytes(chosen), wine_))
+                                                 : chosen);
 }
 
 void frmEditGame::cmdEditBatch_Click() {
     const QString file = txtBatchFile->text();
-    if (!Desktop::current().startTextEditor(this, file))
+    if (!Desktop::current().startTextEditor(this, file, wine_))
         showMessage(this,
                     QStringLiteral("Could not start a text editor for the batch file \"%1\".").arg(file),
                     PromptIcon::Exclamation);

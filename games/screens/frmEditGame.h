@@ -2,6 +2,7 @@
 // The game editor: the folders and launch settings of one game (its record
 // Game-Paths\<game>\<game>.Gme), on two tabs, with choosers for every folder and the batch file.
 
+#include "core/winepaths.h"
 #include "games/screens/gamepathtabs.h"
 
 #include <QDialog>
@@ -62,6 +63,9 @@ private:
 
     std::filesystem::path root_;
     std::string game_;
+    // The workspace's Wine prefix: drive paths of the record resolve through it, and a folder or
+    // file chosen on screen is written back as the launcher names it under Wine.
+    WinePrefix wine_;
     QString tag_;
     // The program folder as it was when its box last gained the focus.
     QString rememberedExeFolder_;

@@ -19,36 +19,6 @@ TEST(Workspace, RootComesFromTheEnvironmentWhenSet) {
     EXPECT_EQ(workspaceRoot("/opt/rosterdesk"), fs::path("/opt/rosterdesk"));
 }
 
-TEST(Workspace, DesktopProgramUsesItsOwnFolderWhenItHoldsTheLaunchersFolders) {
-    rd::test::unsetEnvironment("ROSTERDESK_ROOT");
-    TempWorkspace program;
-    program.folder("PLUG-INS");
-    TempWorkspace current;
-    EXPECT_EQ(desktopWorkspaceRoot(program.root(), current.root()), program.root());
-    TempWorkspace games;
-    games.folder("game-paths");
-    EXPECT_EQ(desktopWorkspaceRoot(games.root(), current.root()), games.root());
-}
-
-TEST(Workspace, DesktopProgramInstalledAwayFromAWorkspaceUsesTheCurrentFolder) {
-    rd::test::unsetEnvironment("ROSTERDESK_ROOT");
-    TempWorkspace program;
-    program.write("Plug-Ins", "a file, not the folder");
-    program.folder("Profiles");
-    TempWorkspace current;
-    EXPECT_EQ(desktopWorkspaceRoot(program.root(), current.root()), current.root());
-}
-
-TEST(Workspace, DesktopProgramTakesTheEnvironmentFirst) {
-    TempWorkspace program;
-    program.folder("Plug-Ins");
-    rd::test::setEnvironment("ROSTERDESK_ROOT", "/some/where");
-    EXPECT_EQ(desktopWorkspaceRoot(program.root(), "/current"), fs::path("/some/where"));
-    rd::test::setEnvironment("ROSTERDESK_ROOT", "");
-    EXPECT_EQ(desktopWorkspaceRoot(program.root(), "/current"), program.root());
-    rd::test::unsetEnvironment("ROSTERDESK_ROOT");
-}
-
 TEST(Workspace, ListingIsOrderedByNameWithoutRegardToCase) {
     TempWorkspace ws;
     for (const char* name : {"beta", "Alpha", "gamma", "ALPHA2", "Zed"})

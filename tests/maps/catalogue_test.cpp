@@ -125,7 +125,7 @@ TEST(AddPak, EmptyFolderAddsNothing) {
     std::vector<std::string> errors;
     StepRunner trap(collectAndIgnore(errors));
     Rows rows{{"kept", "x"}};
-    AddPak("", "Quake2", rows, trap);
+    AddPak("", "Quake2", rows, trap, WinePrefix{});
     EXPECT_EQ(rows, (Rows{{"kept", "x"}}));
 }
 
@@ -135,7 +135,7 @@ TEST(AddPak, TitleIsTrimmedAndJoinedToArchiveNameByOneBlank) {
     std::vector<std::string> errors;
     StepRunner trap(collectAndIgnore(errors));
     Rows rows;
-    AddPak(ws.path("game").string(), "  My Title ", rows, trap);
+    AddPak(ws.path("game").string(), "  My Title ", rows, trap, WinePrefix{});
     EXPECT_EQ(rows, (Rows{{"m", "My Title pak0.pak"}}));
 }
 
@@ -146,7 +146,7 @@ TEST(AddPak, FolderWithBackslashesIsUnderstood) {
     StepRunner trap(collectAndIgnore(errors));
     Rows rows;
     std::string folder = ws.root().string() + "\\game\\SUB";
-    AddPak(folder, "T", rows, trap);
+    AddPak(folder, "T", rows, trap, WinePrefix{});
     EXPECT_EQ(rows, (Rows{{"m", "T pak0.pak"}}));
 }
 

@@ -11,6 +11,7 @@
 #include <QTest>
 #include <QWidget>
 #include <deque>
+#include <filesystem>
 #include <gtest/gtest.h>
 #include <vector>
 
@@ -22,6 +23,7 @@ public:
         QString title;
         QString fileName;
         QString filter;
+        std::filesystem::path winePrefix; // the prefix the chooser was handed (empty: none)
     };
 
     DesktopRecorder() { Desktop::install(this); }
@@ -36,9 +38,9 @@ public:
     std::vector<FileChoice> choices;
     std::vector<QString> editorFiles;
 
-    QString chooseFileToOpen(QWidget*, const QString& title, const QString& fileName,
-                             const QString& filter) override {
-        choices.push_back({title, fileName, filter});
+    QString chooseFileToOpen(QWidget*, const QString& title, const QString& fileName, const QString& filter,
+                             const WinePrefix& wine) override {
+        choices.push_back({title, fileName, filter, wine.folder});
         if (files_.empty())
             return QString();
         const QString file = files_.front();
@@ -46,7 +48,7 @@ public:
         return file;
     }
 
-    bool startTextEditor(QWidget*, const QString& file) override {
+    bool startTextEditor(QWidget*, const QString& file, const WinePrefix&) override {
         editorFiles.push_back(file);
         return editorStarts;
     }
