@@ -106,6 +106,14 @@ std::ptrdiff_t InputFile::read(char* into, std::size_t count) {
     return static_cast<std::ptrdiff_t>(got);
 }
 
+bool InputFile::seek(std::uint64_t offset) {
+    if (!handle_ || offset > static_cast<std::uint64_t>(std::numeric_limits<LONGLONG>::max()))
+        return false;
+    LARGE_INTEGER to{};
+    to.QuadPart = static_cast<LONGLONG>(offset);
+    return ::SetFilePointerEx(static_cast<HANDLE>(handle_), to, nullptr, FILE_BEGIN) != 0;
+}
+
 void InputFile::close() {
     if (handle_)
         ::CloseHandle(static_cast<HANDLE>(handle_));
@@ -162,6 +170,12 @@ std::ptrdiff_t InputFile::read(char* into, std::size_t count) {
         got = ::read(fd_, into, count);
     } while (got < 0 && errno == EINTR);
     return static_cast<std::ptrdiff_t>(got);
+}
+
+bool InputFile::seek(std::uint64_t offset) {
+    if (fd_ < 0 || offset > static_cast<std::uint64_t>(std::numeric_limits<off_t>::max()))
+        return false;
+    return ::lseek(fd_, static_cast<off_t>(offset), SEEK_SET) >= 0;
 }
 
 void InputFile::close() {

@@ -11,6 +11,8 @@
 #include <windows.h>
 #else
 #include <dirent.h>
+#include <fcntl.h>
+#include <sys/stat.h>
 #endif
 
 namespace rd::native {
@@ -19,13 +21,14 @@ namespace fs = std::filesystem;
 
 #ifdef _WIN32
 
-std::vector<DirEntry> readFolder(const fs::path& folder) {
-    std::vector<DirEntry> entries;
+FolderListing listFolder(const fs::path& folder) {
+    FolderListing listing;
     WIN32_FIND_DATAW found{};
     HANDLE search = ::FindFirstFileExW((folder / L"*").c_str(), FindExInfoBasic, &found,
                                        FindExSearchNameMatch, nullptr, FIND_FIRST_EX_LARGE_FETCH);
     if (search == INVALID_HANDLE_VALUE)
-        return entries;
+        return listing;
+    listing.read = true;
     do {
         const std::wstring_view raw(found.cFileName);
         if (raw == L"." || raw == L"..")
@@ -33,10 +36,21 @@ std::vector<DirEntry> readFolder(const fs::path& folder) {
         DirEntry entry;
         entry.name = nameOf(fs::path(raw));
         entry.isFolder = (found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
-        entries.push_back(std::move(entry));
+        EntryKind kind = entry.isFolder ? EntryKind::Folder : EntryKind::Plain;
+        if (found.dwFileAttributes & FILE_ATTRIBUTE_REPARSE_POINT) {
+            // A link: what it leads to decides.
+            std::error_code ec;
+            const auto status = fs::status(folder / fs::path(raw), ec);
+            kind = ec || !fs::exists(status)     ? EntryKind::Nothing
+                   : fs::is_directory(status)    ? EntryKind::Folder
+                   : fs::is_regular_file(status) ? EntryKind::Plain
+                                                 : EntryKind::Other;
+        }
+        listing.entries.push_back(std::move(entry));
+        listing.kinds.push_back(kind);
     } while (::FindNextFileW(search, &found));
     ::FindClose(search);
-    return entries;
+    return listing;
 }
 
 std::optional<std::string> directSpelling(const fs::path& folder, std::string_view name) {
@@ -55,29 +69,48 @@ std::optional<std::string> directSpelling(const fs::path& folder, std::string_vi
 
 #else
 
-std::vector<DirEntry> readFolder(const fs::path& folder) {
-    std::vector<DirEntry> entries;
+FolderListing listFolder(const fs::path& folder) {
+    FolderListing listing;
     // readdir gives names and (on most file systems) their kind without building a path per
-    // entry; entries of unknown kind are looked up once.
+    // entry; links and entries of unknown kind are looked up once, relative to the open folder.
     DIR* dir = ::opendir(folder.c_str());
     if (!dir)
-        return entries;
+        return listing;
+    listing.read = true;
     while (const dirent* d = ::readdir(dir)) {
         const std::string_view raw(d->d_name);
         if (raw == "." || raw == "..")
             continue;
+        EntryKind kind = EntryKind::Other;
+        switch (d->d_type) {
+        case DT_DIR:
+            kind = EntryKind::Folder;
+            break;
+        case DT_REG:
+            kind = EntryKind::Plain;
+            break;
+        case DT_UNKNOWN:
+        case DT_LNK: {
+            struct stat st {};
+            if (::fstatat(::dirfd(dir), d->d_name, &st, 0) != 0)
+                kind = EntryKind::Nothing;
+            else if (S_ISDIR(st.st_mode))
+                kind = EntryKind::Folder;
+            else if (S_ISREG(st.st_mode))
+                kind = EntryKind::Plain;
+            break;
+        }
+        default:
+            break;
+        }
         DirEntry entry;
         entry.name = utf8ToCp1252(raw);
-        if (d->d_type == DT_DIR) {
-            entry.isFolder = true;
-        } else if (d->d_type == DT_UNKNOWN || d->d_type == DT_LNK) {
-            std::error_code typeEc;
-            entry.isFolder = fs::is_directory(folder / fs::path(std::string(raw)), typeEc);
-        }
-        entries.push_back(std::move(entry));
+        entry.isFolder = kind == EntryKind::Folder;
+        listing.entries.push_back(std::move(entry));
+        listing.kinds.push_back(kind);
     }
     ::closedir(dir);
-    return entries;
+    return listing;
 }
 
 std::optional<std::string> directSpelling(const fs::path& folder, std::string_view name) {
@@ -88,5 +121,9 @@ std::optional<std::string> directSpelling(const fs::path& folder, std::string_vi
 }
 
 #endif
+
+std::vector<DirEntry> readFolder(const fs::path& folder) {
+    return listFolder(folder).entries;
+}
 
 } // namespace rd::native

@@ -12,6 +12,22 @@
 
 namespace rd::native {
 
+// What an entry of a folder leads to, following links.
+enum class EntryKind : unsigned char {
+    Plain,  // a plain file
+    Folder, // a folder
+    Other,  // a pipe, a device, a socket
+    Nothing // a link that points nowhere (or an entry gone since it was listed)
+};
+
+// A folder's entries as the system gives them (except "." and ".."), each with its kind.
+struct FolderListing {
+    bool read = false; // the folder could be opened; a missing or unreadable folder lists as empty
+    std::vector<DirEntry> entries;
+    std::vector<EntryKind> kinds; // one for each entry
+};
+FolderListing listFolder(const std::filesystem::path& folder);
+
 // Every entry of `folder` except "." and "..", in the order the system gives them. A folder that
 // is missing or cannot be read lists as empty.
 std::vector<DirEntry> readFolder(const std::filesystem::path& folder);

@@ -96,6 +96,16 @@ std::string lowerCase(std::string_view s) {
     return out;
 }
 
+NoCaseNames::NoCaseNames(const std::vector<std::string>& names) {
+    upper_.reserve(names.size());
+    for (const auto& name : names)
+        upper_.insert(upperCase(name));
+}
+
+bool NoCaseNames::contains(std::string_view name) const {
+    return upper_.count(upperCase(name)) != 0;
+}
+
 bool equalsNoCase(std::string_view a, std::string_view b) {
     if (a.size() != b.size())
         return false;

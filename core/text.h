@@ -5,6 +5,8 @@
 
 #include <string>
 #include <string_view>
+#include <unordered_set>
+#include <vector>
 
 namespace rd {
 
@@ -34,6 +36,17 @@ std::size_t findNoCase(std::string_view haystack, std::string_view needle, std::
 bool containsNoCase(std::string_view haystack, std::string_view needle);
 // Ordering used for directory listings: without regard to case, ties by byte order.
 bool lessNoCase(std::string_view a, std::string_view b);
+
+// Names looked up without regard to case, each upper-cased once.
+class NoCaseNames {
+public:
+    NoCaseNames() = default;
+    explicit NoCaseNames(const std::vector<std::string>& names);
+    bool contains(std::string_view name) const;
+
+private:
+    std::unordered_set<std::string> upper_;
+};
 
 // Removes blanks (spaces only, as the launcher's files mean it) at both ends / one end.
 std::string trim(std::string_view s);

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <cstring>
 #include <system_error>
 
 namespace rd {
@@ -30,23 +31,35 @@ void LineEndingsScanner::endLine(bool bare) {
 }
 
 void LineEndingsScanner::feed(std::string_view bytes) {
-    for (const char c : bytes) {
+    // Line by line: the bytes up to each LF are searched for CRs at once, not byte by byte.
+    const char* p = bytes.data();
+    const char* const end = p + bytes.size();
+    while (p < end) {
         if (pendingReturn_) {
             pendingReturn_ = false;
-            if (c == '\n') {
+            if (*p == '\n') {
                 endLine(false);
+                ++p;
                 continue;
             }
             lineHasLoneReturn_ = true;
         }
-        if (c == '\r') {
-            pendingReturn_ = true;
+        const auto* lf = static_cast<const char*>(std::memchr(p, '\n', static_cast<std::size_t>(end - p)));
+        const char* const segmentEnd = lf ? lf : end;
+        const auto length = static_cast<std::size_t>(segmentEnd - p);
+        if (length > 0) {
             lineStarted_ = true;
-        } else if (c == '\n') {
-            endLine(true);
-        } else {
-            lineStarted_ = true;
+            // A CR before the segment's last byte has something other than LF after it.
+            if (length > 1 && std::memchr(p, '\r', length - 1))
+                lineHasLoneReturn_ = true;
         }
+        const bool endsInReturn = length > 0 && segmentEnd[-1] == '\r';
+        if (!lf) {
+            pendingReturn_ = endsInReturn;
+            break;
+        }
+        endLine(!endsInReturn);
+        p = lf + 1;
     }
 }
 
@@ -84,16 +97,33 @@ LineEndingsAudit* LineEndingsAudit::current() {
 }
 
 const LineEndings* LineEndingsAudit::find(const fs::path& path) const {
-    const auto it = index_.find(path.native());
-    return it == index_.end() ? nullptr : &files_[it->second].endings;
+    const auto it = index_.find(PathView(path.native()));
+    return it == index_.end() ? nullptr : &entries_[it->second].endings;
 }
 
-void LineEndingsAudit::record(const fs::path& path, const LineEndings& endings) {
-    const auto [it, added] = index_.emplace(path.native(), files_.size());
-    if (added)
-        files_.push_back(File{path, endings});
-    else
-        files_[it->second].endings = endings;
+void LineEndingsAudit::record(fs::path::string_type path, const LineEndings& endings) {
+    if (const auto it = index_.find(PathView(path)); it != index_.end()) {
+        entries_[it->second].endings = endings;
+        return;
+    }
+    entries_.push_back(Entry{std::move(path), endings});
+    index_.emplace(PathView(entries_.back().path), entries_.size() - 1);
+}
+
+std::vector<LineEndingsAudit::File> LineEndingsAudit::collect(bool onlyFaulty) const {
+    std::vector<File> files;
+    for (const auto& entry : entries_)
+        if (!onlyFaulty || !entry.endings.clean())
+            files.push_back(File{fs::path(entry.path), entry.endings});
+    return files;
+}
+
+std::vector<LineEndingsAudit::File> LineEndingsAudit::files() const {
+    return collect(false);
+}
+
+std::vector<LineEndingsAudit::File> LineEndingsAudit::faultyFiles() const {
+    return collect(true);
 }
 
 // ---- Reading ----
@@ -162,7 +192,7 @@ std::optional<LineReader> LineReader::openExisting(const fs::path& path) {
 
 void LineReader::attachAudit(const fs::path& path) {
     if (LineEndingsAudit::current())
-        audited_ = std::make_unique<Audited>(Audited{path, {}});
+        audited_ = std::make_unique<Audited>(Audited{path.native(), {}});
 }
 
 LineReader::~LineReader() {
@@ -195,7 +225,7 @@ void LineReader::close() {
             while (fill()) {
             }
             if (LineEndingsAudit* audit = LineEndingsAudit::current())
-                audit->record(audited_->path, audited_->scanner.finish());
+                audit->record(std::move(audited_->path), audited_->scanner.finish());
         } catch (const std::exception&) {
             // A file that cannot be read to its end is not reported.
         }

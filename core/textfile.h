@@ -6,6 +6,7 @@
 #include "core/nativefile.h"
 
 #include <cstdio>
+#include <deque>
 #include <filesystem>
 #include <memory>
 #include <optional>
@@ -26,6 +27,8 @@ struct LineEndings {
     std::size_t firstLoneReturn = 0;   // the first such line (1-based; 0 when there is none)
     bool lastLineUnterminated = false; // the file has bytes after its last LF
     bool operator==(const LineEndings&) const = default;
+    // Every line ends with CR LF and holds no other CR.
+    bool clean() const { return bareLineFeeds == 0 && loneReturns == 0 && !lastLineUnterminated; }
 };
 
 // Scans a file's bytes in order, in as many pieces as they come.
@@ -60,17 +63,28 @@ public:
         LineEndings endings;
     };
     // Every file read while the audit was alive, in the order they were first closed.
-    const std::vector<File>& files() const { return files_; }
+    std::vector<File> files() const;
+    // Only those files whose lines do not all end in CR LF, in the same order.
+    std::vector<File> faultyFiles() const;
     // The file read under this path, or nothing.
     const LineEndings* find(const std::filesystem::path& path) const;
 
     // The audit of this thread, or nothing (used by the readers).
     static LineEndingsAudit* current();
-    void record(const std::filesystem::path& path, const LineEndings& endings);
+    void record(std::filesystem::path::string_type path, const LineEndings& endings);
 
 private:
-    std::vector<File> files_;
-    std::unordered_map<std::filesystem::path::string_type, std::size_t> index_;
+    // Each file's path is kept as the system's text and made a path only when asked for: most
+    // files are read, found clean and never named.
+    struct Entry {
+        std::filesystem::path::string_type path;
+        LineEndings endings;
+    };
+    using PathView = std::basic_string_view<std::filesystem::path::value_type>;
+    std::vector<File> collect(bool onlyFaulty) const;
+
+    std::deque<Entry> entries_; // never moved, so the index can point into their paths
+    std::unordered_map<PathView, std::size_t> index_;
     LineEndingsAudit* previous_ = nullptr;
 };
 
@@ -100,7 +114,7 @@ public:
 
 private:
     struct Audited {
-        std::filesystem::path path;
+        std::filesystem::path::string_type path;
         LineEndingsScanner scanner;
     };
 

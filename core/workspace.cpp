@@ -6,8 +6,10 @@
 #include "core/winepaths.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <cstdlib>
 #include <system_error>
+#include <unordered_map>
 
 namespace rd {
 
@@ -32,7 +34,15 @@ std::string utf8Of(const fs::path& path) {
 }
 
 fs::path joinName(const fs::path& base, std::string_view name) {
+#ifdef _WIN32
     return base / pathFromUtf8(cp1252ToUtf8(name));
+#else
+    // The system's names are UTF-8 bytes: the converted name is appended as it stands, without
+    // making a path of it first.
+    fs::path joined = base;
+    joined /= std::string_view(cp1252ToUtf8(name));
+    return joined;
+#endif
 }
 
 std::string nameOf(const fs::path& path) {
@@ -62,9 +72,134 @@ std::vector<std::string> splitComponents(std::string_view text) {
     return parts;
 }
 
-fs::path resolveComponent(const fs::path& base, const std::string& component) {
-    if (component == "." || component == "..")
-        return joinName(base, component);
+// Compares two names as upper-case bytes: below 0, 0 or above 0.
+int compareNoCase(std::string_view a, std::string_view b) {
+    const std::size_t n = std::min(a.size(), b.size());
+    for (std::size_t i = 0; i < n; ++i) {
+        const auto x = static_cast<unsigned char>(upperByte(a[i]));
+        const auto y = static_cast<unsigned char>(upperByte(b[i]));
+        if (x != y)
+            return x < y ? -1 : 1;
+    }
+    return a.size() < b.size() ? -1 : (a.size() > b.size() ? 1 : 0);
+}
+
+// A listing in listing order: by name without regard to case, ties by the names' bytes. The
+// upper-case keys are made once per entry, in one buffer, and the entries and their kinds are
+// moved once.
+void sortListing(native::FolderListing& listing) {
+    auto& entries = listing.entries;
+    std::string keys;
+    std::size_t total = 0;
+    for (const auto& entry : entries)
+        total += entry.name.size();
+    keys.reserve(total);
+    struct Key {
+        std::uint32_t at;
+        std::uint32_t size;
+        std::uint32_t index;
+    };
+    std::vector<Key> order;
+    order.reserve(entries.size());
+    for (std::size_t i = 0; i < entries.size(); ++i) {
+        const auto at = static_cast<std::uint32_t>(keys.size());
+        for (const char c : entries[i].name)
+            keys += upperByte(c);
+        order.push_back(
+            {at, static_cast<std::uint32_t>(entries[i].name.size()), static_cast<std::uint32_t>(i)});
+    }
+    const std::string_view all(keys);
+    std::sort(order.begin(), order.end(), [&](const Key& a, const Key& b) {
+        const int c = all.substr(a.at, a.size).compare(all.substr(b.at, b.size));
+        if (c != 0)
+            return c < 0;
+        return entries[a.index].name < entries[b.index].name;
+    });
+    std::vector<DirEntry> sorted;
+    sorted.reserve(entries.size());
+    std::vector<native::EntryKind> kinds;
+    kinds.reserve(entries.size());
+    for (const auto& key : order) {
+        sorted.push_back(std::move(entries[key.index]));
+        kinds.push_back(listing.kinds[key.index]);
+    }
+    entries = std::move(sorted);
+    listing.kinds = std::move(kinds);
+}
+
+native::EntryKind kindOf(const fs::path& path) {
+    std::error_code ec;
+    const auto status = fs::status(path, ec);
+    if (ec || !fs::exists(status))
+        return native::EntryKind::Nothing;
+    if (fs::is_directory(status))
+        return native::EntryKind::Folder;
+    return fs::is_regular_file(status) ? native::EntryKind::Plain : native::EntryKind::Other;
+}
+
+} // namespace
+
+struct FolderCache::State {
+    // A folder listed while the cache lives.
+    struct Folder {
+        native::FolderListing listing; // in listing order
+
+        // The entry of that name: the one spelled so, else the first that is the same without
+        // regard to case. Entries the same without regard to case stand together in listing
+        // order, so they are found by halving.
+        std::optional<std::size_t> find(std::string_view name) const {
+            const auto& entries = listing.entries;
+            const auto first =
+                std::partition_point(entries.begin(), entries.end(), [name](const DirEntry& entry) {
+                    return compareNoCase(entry.name, name) < 0;
+                });
+            std::optional<std::size_t> found;
+            for (auto it = first; it != entries.end() && compareNoCase(it->name, name) == 0; ++it) {
+                if (it->name == name)
+                    return static_cast<std::size_t>(it - entries.begin());
+                if (!found)
+                    found = static_cast<std::size_t>(it - entries.begin());
+            }
+            return found;
+        }
+    };
+
+    std::unordered_map<fs::path::string_type, Folder> folders;
+    // Components resolved in folders that were not listed: folder, then component.
+    std::unordered_map<fs::path::string_type, std::unordered_map<std::string, fs::path>> resolved;
+    // What resolved paths lead to.
+    std::unordered_map<fs::path::string_type, native::EntryKind> kinds;
+
+    Folder& list(const fs::path& folder) {
+        auto it = folders.find(folder.native());
+        if (it == folders.end()) {
+            Folder listed;
+            listed.listing = native::listFolder(folder);
+            sortListing(listed.listing);
+            it = folders.emplace(folder.native(), std::move(listed)).first;
+        }
+        return it->second;
+    }
+
+    // The folder when it was listed and could be read.
+    Folder* listed(const fs::path& folder) {
+        const auto it = folders.find(folder.native());
+        return it != folders.end() && it->second.listing.read ? &it->second : nullptr;
+    }
+
+    native::EntryKind kind(const fs::path& path) {
+        auto it = kinds.find(path.native());
+        if (it == kinds.end())
+            it = kinds.emplace(path.native(), kindOf(path)).first;
+        return it->second;
+    }
+};
+
+namespace {
+
+thread_local FolderCache::State* currentCache = nullptr;
+
+fs::path resolveUncached(const fs::path& base, const std::string& component) {
     if (auto spelling = native::directSpelling(base, component))
         return joinName(base, *spelling);
     for (const auto& entry : listDirectory(base))
@@ -73,7 +208,54 @@ fs::path resolveComponent(const fs::path& base, const std::string& component) {
     return joinName(base, component);
 }
 
+fs::path resolveComponent(const fs::path& base, const std::string& component) {
+    if (component == "." || component == "..")
+        return joinName(base, component);
+    FolderCache::State* cache = currentCache;
+    if (!cache)
+        return resolveUncached(base, component);
+    if (auto* folder = cache->listed(base)) {
+        const auto at = folder->find(component);
+        return joinName(base, at ? folder->listing.entries[*at].name : component);
+    }
+    auto& names = cache->resolved[base.native()];
+    if (const auto it = names.find(component); it != names.end())
+        return it->second;
+    fs::path result = resolveUncached(base, component);
+    names.emplace(component, result);
+    return result;
+}
+
+// What the entry `path` leads to, from the cache: from its folder's listing when that was listed,
+// else from one look-up remembered. Nothing without a cache or for a name that is not an entry's.
+std::optional<native::EntryKind> cachedKind(const fs::path& path) {
+    FolderCache::State* cache = currentCache;
+    if (!cache)
+        return std::nullopt;
+    const std::string name = nameOf(path);
+    if (name.empty() || name == "." || name == "..")
+        return std::nullopt;
+    const fs::path parent = path.parent_path();
+    if (auto* folder = cache->listed(parent)) {
+        const auto at = folder->find(name);
+        return at ? folder->listing.kinds[*at] : native::EntryKind::Nothing;
+    }
+    return cache->kind(resolvePath(parent, name));
+}
+
 } // namespace
+
+FolderCache::FolderCache() {
+    if (!currentCache) {
+        state_ = std::make_unique<State>();
+        currentCache = state_.get();
+    }
+}
+
+FolderCache::~FolderCache() {
+    if (state_)
+        currentCache = nullptr;
+}
 
 fs::path resolvePath(const fs::path& base, std::string_view relative) {
     fs::path result = base;
@@ -83,23 +265,11 @@ fs::path resolvePath(const fs::path& base, std::string_view relative) {
 }
 
 std::vector<DirEntry> listDirectory(const fs::path& folder) {
-    std::vector<DirEntry> entries = native::readFolder(folder);
-    // Sorted on upper-case keys made once per entry; ties by the names' bytes.
-    std::vector<std::pair<std::string, std::size_t>> keys;
-    keys.reserve(entries.size());
-    for (std::size_t i = 0; i < entries.size(); ++i)
-        keys.emplace_back(upperCase(entries[i].name), i);
-    std::sort(keys.begin(), keys.end(), [&entries](const auto& a, const auto& b) {
-        const int c = std::string_view(a.first).compare(b.first);
-        if (c != 0)
-            return c < 0;
-        return entries[a.second].name < entries[b.second].name;
-    });
-    std::vector<DirEntry> sorted;
-    sorted.reserve(entries.size());
-    for (const auto& key : keys)
-        sorted.push_back(std::move(entries[key.second]));
-    return sorted;
+    if (FolderCache::State* cache = currentCache)
+        return cache->list(folder).listing.entries;
+    native::FolderListing listing = native::listFolder(folder);
+    sortListing(listing);
+    return std::move(listing.entries);
 }
 
 std::vector<std::string> listFolders(const fs::path& folder) {
@@ -146,6 +316,8 @@ bool wildcardMatch(std::string_view pattern, std::string_view name, bool caseSen
 }
 
 bool fileExists(const fs::path& path) {
+    if (const auto kind = cachedKind(path))
+        return *kind == native::EntryKind::Plain || *kind == native::EntryKind::Other;
     std::error_code ec;
     const fs::path resolved = resolvePath(path.parent_path(), nameOf(path));
     const auto status = fs::status(resolved, ec);
@@ -153,12 +325,16 @@ bool fileExists(const fs::path& path) {
 }
 
 bool folderExists(const fs::path& path) {
+    if (const auto kind = cachedKind(path))
+        return *kind == native::EntryKind::Folder;
     std::error_code ec;
     const fs::path resolved = resolvePath(path.parent_path(), nameOf(path));
     return fs::is_directory(resolved, ec);
 }
 
 bool entryExists(const fs::path& path) {
+    if (const auto kind = cachedKind(path))
+        return *kind != native::EntryKind::Nothing;
     std::error_code ec;
     const fs::path resolved = resolvePath(path.parent_path(), nameOf(path));
     return fs::exists(resolved, ec);

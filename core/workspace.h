@@ -7,6 +7,7 @@
 // workspace copied from a Windows machine works on a case-sensitive file system.
 
 #include <filesystem>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -61,6 +62,25 @@ std::vector<std::string> listFiles(const fs::path& folder, std::string_view patt
 // Wildcard match: '*' matches any run of characters (NUL bytes included), '?' one character.
 // "*.*" matches every name. Without regard to case unless `caseSensitive`.
 bool wildcardMatch(std::string_view pattern, std::string_view name, bool caseSensitive = false);
+
+// While a FolderCache is alive on a thread, the path helpers of that thread remember what they
+// learn: a folder listed once (listDirectory, listFolders, listFiles) answers every later question
+// about its entries (is it there, how is it spelled, is it a file or a folder) without asking the
+// system again, and a name resolved or looked up once is not resolved again. Open one around an
+// operation that only reads (the doctor, the installed-maps catalogue): what changes on disk while
+// it lives is not seen. Scopes nest; an inner one shares what the outer one knows.
+class FolderCache {
+public:
+    FolderCache();
+    ~FolderCache();
+    FolderCache(const FolderCache&) = delete;
+    FolderCache& operator=(const FolderCache&) = delete;
+
+    struct State;
+
+private:
+    std::unique_ptr<State> state_; // empty in an inner scope
+};
 
 // "A file exists": a directory search for the path with normal attributes finds a file.
 bool fileExists(const fs::path& path);

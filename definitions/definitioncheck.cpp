@@ -90,10 +90,11 @@ void checkOptionFile(const OptionFile& file, const ListFolder* lists, const std:
         if (row.isCategory)
             continue;
         const std::size_t first = file.places[i].line;
-        const std::string option = "the option " + inQuotes(row.name);
+        // Messages name the option; the name is quoted only when there is something to say.
+        const auto option = [&row] { return "the option " + inQuotes(row.name); };
         if (file.places[i].tabs < 0) {
             out.push_back({Severity::Error, path, first,
-                           "the file ends inside " + option +
+                           "the file ends inside " + option() +
                                ": it needs three lines (name, type, then key, "
                                "parameter, syntax, where and help text)"});
             continue;
@@ -101,18 +102,18 @@ void checkOptionFile(const OptionFile& file, const ListFolder* lists, const std:
         if (file.places[i].tabs < 5)
             out.push_back(
                 {Severity::Error, path, first + 2,
-                 "the third line of " + option + " holds " + std::to_string(file.places[i].tabs) +
+                 "the third line of " + option() + " holds " + std::to_string(file.places[i].tabs) +
                      " TABs, not the five between key, parameter, checked, unchecked, where and help "
                      "text; the fields after the last TAB are empty"});
 
         if (row.key.empty()) {
-            out.push_back({Severity::Error, path, first + 2, option + " has no key"});
+            out.push_back({Severity::Error, path, first + 2, option() + " has no key"});
         } else {
             const auto [clash, added] = keys.emplace(upperCase(row.key), i);
             if (!added) {
                 const OptionRow& other = file.rows[clash->second];
                 out.push_back({Severity::Error, path, first + 2,
-                               "the key " + inQuotes(row.key) + " of " + option + " is also the key " +
+                               "the key " + inQuotes(row.key) + " of " + option() + " is also the key " +
                                    inQuotes(other.key) + " of the option " + inQuotes(other.name) +
                                    " (line " + std::to_string(file.places[clash->second].line) +
                                    "); keys must differ without regard to case"});
@@ -123,19 +124,20 @@ void checkOptionFile(const OptionFile& file, const ListFolder* lists, const std:
         if (!type) {
             out.push_back(
                 {Severity::Error, path, first + 1,
-                 "the type of " + option + " is " + inQuotes(row.type) + ", not one of the types 0 to 11"});
+                 "the type of " + option() + " is " + inQuotes(row.type) + ", not one of the types 0 to 11"});
         } else if (*type == kNumberType) {
             if (!NormaliseNumberRange(row.parameter).accepted)
                 out.push_back({Severity::Error, path, first + 2,
-                               "the range " + inQuotes(row.parameter) + " of the NUMBER " + option.substr(4) +
+                               "the range " + inQuotes(row.parameter) + " of the NUMBER " +
+                                   option().substr(4) +
                                    " is not min:max with two numbers; the option editor refuses it"});
         } else if (namesListFile(*type) && lists) {
             if (row.parameter.empty())
-                out.push_back({Severity::Error, path, first + 2, option + " names no list file"});
+                out.push_back({Severity::Error, path, first + 2, option() + " names no list file"});
             else if (!lists->holds(row.parameter))
                 out.push_back({Severity::Error, path, first + 2,
-                               "the list file " + inQuotes(row.parameter) + " of " + option + " is not in " +
-                                   listFolderName});
+                               "the list file " + inQuotes(row.parameter) + " of " + option() +
+                                   " is not in " + listFolderName});
         } else if (*type == kEnableType) {
             for (const auto& named : {std::pair{&row.checked, "enables"}, {&row.unchecked, "disables"}}) {
                 const std::string& name = *named.first;
@@ -145,7 +147,7 @@ void checkOptionFile(const OptionFile& file, const ListFolder* lists, const std:
                         return equalsNoCase(category, name);
                     }))
                     out.push_back({Severity::Error, path, first + 2,
-                                   option + " " + named.second + " the category " + inQuotes(name) +
+                                   option() + " " + named.second + " the category " + inQuotes(name) +
                                        ", which none of the definition files of its game and bots holds"});
             }
         }
@@ -154,7 +156,7 @@ void checkOptionFile(const OptionFile& file, const ListFolder* lists, const std:
         if (file.places[i].tabs >= 4 && row.where != "0" && row.where != "1" && row.where != "2")
             out.push_back(
                 {Severity::Error, path, first + 2,
-                 "the Where of " + option + " is " + inQuotes(row.where) +
+                 "the Where of " + option() + " is " + inQuotes(row.where) +
                      ", not 0 (command line), 1 (console before the map change) or 2 (console after "
                      "it)"});
     }
@@ -176,11 +178,11 @@ void checkFlagFile(const fs::path& path, Findings& out) {
         const FlagRow& row = rows[i];
         if (row.isCategory)
             continue;
-        const std::string flag = "the flag " + inQuotes(row.name);
+        const auto flag = [&row] { return "the flag " + inQuotes(row.name); };
         const std::size_t third = places[i].line + 2;
         if (places[i].tabs < 0) {
             out.push_back({Severity::Error, path, places[i].line,
-                           "the file ends inside " + flag +
+                           "the file ends inside " + flag() +
                                ": it needs three lines (name, an empty line, then "
                                "bitmap, checked, unchecked and help)"});
             continue;
@@ -192,7 +194,7 @@ void checkFlagFile(const fs::path& path, Findings& out) {
                 continue;
             whole = false;
             out.push_back({Severity::Error, path, third,
-                           std::string("the ") + which + " value " + inQuotes(*value) + " of " + flag +
+                           std::string("the ") + which + " value " + inQuotes(*value) + " of " + flag() +
                                " is not a whole number"});
         }
         if (!whole)
@@ -201,11 +203,11 @@ void checkFlagFile(const fs::path& path, Findings& out) {
         const bool uncheckedZero = leadingValue(row.unchecked) == 0;
         if (checkedZero && uncheckedZero)
             out.push_back({Severity::Error, path, third,
-                           "the checked and unchecked values of " + flag +
+                           "the checked and unchecked values of " + flag() +
                                " are both zero, so the flag changes nothing; exactly one must be zero"});
         else if (!checkedZero && !uncheckedZero)
             out.push_back({Severity::Error, path, third,
-                           "the checked and unchecked values of " + flag +
+                           "the checked and unchecked values of " + flag() +
                                " are both non-zero; exactly one must be zero"});
     }
 }

@@ -191,14 +191,17 @@ std::string relativeFileName(const fs::path& root, const fs::path& file) {
 std::vector<DoctorFinding> Diagnose(const fs::path& root) {
     Findings out;
     LineEndingsAudit audit;
+    // The doctor only reads: every folder it lists answers the later questions about its entries.
+    const FolderCache cache;
 
     const std::vector<std::string> bots = listPluginBots(root);
     const std::vector<std::string> games = ListGames(root);
     const fs::path plugins = pluginsFolder(root);
     const fs::path gamePaths = gamePathsFolder(root);
 
+    const NoCaseNames botNames(bots);
     for (const auto& profile : listProfiles(root))
-        checkProfile(root, profile, bots, out);
+        checkProfile(root, profile, botNames, out);
 
     std::vector<DefinitionFolder> botDefinitions, gameDefinitions;
     for (const auto& bot : bots) {
@@ -273,7 +276,7 @@ std::vector<DoctorFinding> Diagnose(const fs::path& root) {
             checkOptionFile(file, &lists, listsName, categories, out);
     }
 
-    for (const auto& file : audit.files())
+    for (const auto& file : audit.faultyFiles())
         lineEndingFindings(file.path, file.endings, out);
 
     struct Sorted {

@@ -31,10 +31,6 @@ std::int32_t readInt32(const unsigned char* bytes) {
     return static_cast<std::int32_t>(v);
 }
 
-struct FileCloser {
-    void operator()(std::FILE* f) const { std::fclose(f); }
-};
-
 // Lower case of every byte in the launcher's code page, as a table built once.
 const std::array<char, 256>& lowerTable() {
     static const std::array<char, 256> table = [] {
@@ -71,29 +67,43 @@ std::string mapNameOf(std::string_view lowered) {
     return std::string(name);
 }
 
+// Room for `more` rows, growing by at least half again so that appending archive after archive
+// does not copy the rows each time.
+void makeRoom(std::vector<CatalogueRow>& rows, std::size_t more) {
+    if (rows.capacity() < rows.size() + more)
+        rows.reserve(std::max(rows.size() + more, rows.capacity() + rows.capacity() / 2));
+}
+
+// Reads up to `count` bytes; fewer at the end of the file or on a read error.
+std::size_t readUpTo(native::InputFile& file, char* into, std::size_t count) {
+    std::size_t got = 0;
+    while (got < count) {
+        const std::ptrdiff_t n = file.read(into + got, count - got);
+        if (n <= 0)
+            break;
+        got += static_cast<std::size_t>(n);
+    }
+    return got;
+}
+
 } // namespace
 
 bool ScanPak(const fs::path& pakPath, std::vector<std::string>& target, bool mapsOnly) {
-    if (!fileExists(pakPath))
-        return false;
     const fs::path resolved = resolvePath(pakPath.parent_path(), nameOf(pakPath));
     // Only a plain file is read: a pipe or a device named like an archive would keep the open (or
-    // the reading) waiting for ever.
-    std::error_code ec;
-    if (!fs::is_regular_file(resolved, ec))
-        return false;
-    std::unique_ptr<std::FILE, FileCloser> file(native::openStdio(resolved, "rb"));
-    if (!file)
+    // the reading) waiting for ever, and is refused on opening.
+    native::InputFile file = native::InputFile::open(resolved);
+    if (!file.isOpen())
         return false;
 
     // A header cut short reads as zeros, as a binary read past the end gives.
     std::array<unsigned char, kHeaderSize> header{};
-    (void)std::fread(header.data(), 1, header.size(), file.get());
+    (void)readUpTo(file, reinterpret_cast<char*>(header.data()), header.size());
     const std::int32_t directoryOffset = readInt32(header.data() + 4);
     const std::int32_t directoryLength = readInt32(header.data() + 8);
     if (directoryOffset < 0)
         return false; // the position cannot be reached
-    if (std::fseek(file.get(), directoryOffset, SEEK_SET) != 0)
+    if (!file.seek(static_cast<std::uint64_t>(directoryOffset)))
         return false;
 
     // floor(length / 64) entries when the length is 64 or more, none otherwise. The directory is
@@ -106,16 +116,25 @@ bool ScanPak(const fs::path& pakPath, std::vector<std::string>& target, bool map
     while (remaining > 0) {
         const auto wanted = static_cast<std::size_t>(std::min<std::int64_t>(remaining, kChunkEntries));
         chunk.resize(wanted * kEntrySize);
-        const std::size_t got = std::fread(chunk.data(), 1, chunk.size(), file.get()) / kEntrySize;
+        const std::size_t got = readUpTo(file, chunk.data(), chunk.size()) / kEntrySize;
         for (std::size_t i = 0; i < got; ++i) {
             const char* entry = chunk.data() + i * kEntrySize;
-            for (std::size_t c = 0; c < kNameSize; ++c)
+            // Only map entries are wanted in maps-only mode: their names begin with "maps" once
+            // lower-cased, so the rest of a name is lower-cased only when that holds.
+            std::size_t lowered = 0;
+            if (mapsOnly) {
+                for (; lowered < 4; ++lowered)
+                    name[lowered] = lower[static_cast<unsigned char>(entry[lowered])];
+                if (std::string_view(name, 4) != "maps")
+                    continue;
+            }
+            for (std::size_t c = lowered; c < kNameSize; ++c)
                 name[c] = lower[static_cast<unsigned char>(entry[c])];
-            const std::string_view lowered(name, kNameSize);
+            const std::string_view loweredName(name, kNameSize);
             if (!mapsOnly)
-                target.emplace_back(lowered);
-            else if (isMapEntry(lowered))
-                target.push_back(mapNameOf(lowered));
+                target.emplace_back(loweredName);
+            else if (isMapEntry(loweredName))
+                target.push_back(mapNameOf(loweredName));
         }
         if (got < wanted)
             break;
@@ -124,8 +143,16 @@ bool ScanPak(const fs::path& pakPath, std::vector<std::string>& target, bool map
     return true;
 }
 
-void AddPak(std::string_view folder, std::string_view title, std::vector<CatalogueRow>& rows,
-            StepRunner& trap, const WinePrefix& wine) {
+namespace {
+
+// The maps of one archive, before they become rows.
+struct ArchiveMaps {
+    std::string source;
+    std::vector<std::string> names;
+};
+
+void scanArchives(std::string_view folder, std::string_view title, std::vector<ArchiveMaps>& found,
+                  StepRunner& trap, const WinePrefix& wine) {
     if (folder.empty())
         return;
     const std::string withSeparator = withTrailingSeparator(folder);
@@ -138,13 +165,34 @@ void AddPak(std::string_view folder, std::string_view title, std::vector<Catalog
         if (trap.aborted())
             return;
         trap.step([&] {
-            std::vector<std::string> names;
-            ScanPak(joinName(directory, archive), names, true);
-            rows.reserve(rows.size() + names.size());
-            for (auto& name : names)
-                rows.push_back(CatalogueRow{std::move(name), source + archive});
+            ArchiveMaps maps{source + archive, {}};
+            ScanPak(joinName(directory, archive), maps.names, true);
+            found.push_back(std::move(maps));
         });
     }
+}
+
+std::size_t mapCount(const std::vector<ArchiveMaps>& found) {
+    std::size_t count = 0;
+    for (const auto& maps : found)
+        count += maps.names.size();
+    return count;
+}
+
+void appendRows(std::vector<ArchiveMaps>& found, std::vector<CatalogueRow>& rows) {
+    for (auto& maps : found)
+        for (auto& name : maps.names)
+            rows.push_back(CatalogueRow{std::move(name), maps.source});
+}
+
+} // namespace
+
+void AddPak(std::string_view folder, std::string_view title, std::vector<CatalogueRow>& rows,
+            StepRunner& trap, const WinePrefix& wine) {
+    std::vector<ArchiveMaps> found;
+    scanArchives(folder, title, found, trap, wine);
+    makeRoom(rows, mapCount(found));
+    appendRows(found, rows);
 }
 
 std::string looseMapName(std::string_view fileName) {
@@ -156,24 +204,33 @@ std::string looseMapName(std::string_view fileName) {
 
 std::vector<CatalogueRow> CatalogueRows(std::string_view mainFolderText, std::string_view mapFolderText,
                                         StepRunner& trap, const WinePrefix& wine) {
+    // The same folders are asked about again and again (the main folder is scanned twice, and
+    // each archive is looked up after its folder was listed): listed once, they answer from
+    // memory.
+    const FolderCache cache;
     const std::string mainFolder = withTrailingSeparator(mainFolderText);
     const std::string mapFolder = withTrailingSeparator(mapFolderText);
-    std::vector<CatalogueRow> rows;
-    AddPak(mainFolder, "Quake2", rows, trap, wine);
-    AddPak(mainFolder, "CTF", rows, trap, wine);
-    AddPak(mainFolder + "baseq2", "BaseQ2", rows, trap, wine);
-    AddPak(mainFolder + "eraser", "Eraser", rows, trap, wine);
-    AddPak(mainFolder + "crbot", "CRbot", rows, trap, wine);
-    AddPak(mainFolder + "ace", "ACE", rows, trap, wine);
-
+    // Every archive is scanned first, so the rows are made in one piece of memory of the right
+    // size.
+    std::vector<ArchiveMaps> found;
+    scanArchives(mainFolder, "Quake2", found, trap, wine);
+    scanArchives(mainFolder, "CTF", found, trap, wine);
+    scanArchives(mainFolder + "baseq2", "BaseQ2", found, trap, wine);
+    scanArchives(mainFolder + "eraser", "Eraser", found, trap, wine);
+    scanArchives(mainFolder + "crbot", "CRbot", found, trap, wine);
+    scanArchives(mainFolder + "ace", "ACE", found, trap, wine);
     const std::vector<std::string> looseFiles = listFiles(pathFromData(mapFolder, wine), "*.bsp");
-    rows.reserve(rows.size() + looseFiles.size());
+
+    std::vector<CatalogueRow> rows;
+    rows.reserve(mapCount(found) + looseFiles.size());
+    appendRows(found, rows);
     for (const auto& file : looseFiles)
         rows.push_back(CatalogueRow{looseMapName(file), "Custom Maps"});
     return rows;
 }
 
 Catalogue BuildCatalogue(const fs::path& root, std::string_view game, TrapHandler handler) {
+    const FolderCache cache;
     Catalogue catalogue;
     const fs::path record = gameRecordPath(root, game);
     if (!fileExists(record)) {

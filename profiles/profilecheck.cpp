@@ -11,8 +11,7 @@ namespace rd {
 
 namespace fs = std::filesystem;
 
-void checkProfile(const fs::path& root, const std::string& profile, const std::vector<std::string>& bots,
-                  Findings& out) {
+void checkProfile(const fs::path& root, const std::string& profile, const NoCaseNames& bots, Findings& out) {
     std::string owner;
     try {
         owner = readProfileOwner(root, profile);
@@ -32,9 +31,7 @@ void checkProfile(const fs::path& root, const std::string& profile, const std::v
                 {Severity::Error, file, 1, "the first line names no bot, so the profile belongs to no bot"});
         return;
     }
-    const bool recognised = std::any_of(
-        bots.begin(), bots.end(), [&owner](const std::string& bot) { return equalsNoCase(bot, owner); });
-    if (!recognised)
+    if (!bots.contains(owner))
         out.push_back({Severity::Error, resolvePath(joinName(root, profile), "profile.cfg"), 1,
                        "the profile belongs to the bot " + inQuotes(owner) +
                            ", which is not a recognised plug-in bot (no such folder in Plug-Ins)"});

@@ -2,6 +2,7 @@
 // The doctor's check of a profile: its profile.cfg must name a recognised plug-in bot.
 
 #include "core/findings.h"
+#include "core/text.h"
 
 #include <filesystem>
 #include <string>
@@ -9,9 +10,8 @@
 
 namespace rd {
 
-// Checks the profile `profile` of the workspace at `root` against the plug-in bots `bots` (names
-// compared without regard to case).
-void checkProfile(const std::filesystem::path& root, const std::string& profile,
-                  const std::vector<std::string>& bots, Findings& out);
+// Checks the profile `profile` of the workspace at `root` against the plug-in bots `bots`.
+void checkProfile(const std::filesystem::path& root, const std::string& profile, const NoCaseNames& bots,
+                  Findings& out);
 
 } // namespace rd
