@@ -192,4 +192,46 @@ Catalogue BuildCatalogue(const fs::path& root, std::string_view game, TrapHandle
     return catalogue;
 }
 
+std::optional<PakEntryPlace> FindPakMap(const fs::path& pakPath, std::string_view mapName) {
+    if (!fileExists(pakPath))
+        return std::nullopt;
+    const fs::path resolved = resolvePath(pakPath.parent_path(), nameOf(pakPath));
+    std::error_code ec;
+    if (!fs::is_regular_file(resolved, ec))
+        return std::nullopt;
+    std::unique_ptr<std::FILE, FileCloser> file(native::openStdio(resolved, "rb"));
+    if (!file)
+        return std::nullopt;
+    std::array<unsigned char, kHeaderSize> header{};
+    (void)std::fread(header.data(), 1, header.size(), file.get());
+    const std::int32_t directoryOffset = readInt32(header.data() + 4);
+    const std::int32_t directoryLength = readInt32(header.data() + 8);
+    if (directoryOffset < 0 || std::fseek(file.get(), directoryOffset, SEEK_SET) != 0)
+        return std::nullopt;
+    // The directory is read as ScanPak reads it, in chunks, up to the end of the file.
+    std::int64_t remaining = directoryLength < 64 ? 0 : directoryLength / 64;
+    const auto& lower = lowerTable();
+    std::vector<char> chunk;
+    char name[kNameSize];
+    while (remaining > 0) {
+        const auto wanted = static_cast<std::size_t>(std::min<std::int64_t>(remaining, kChunkEntries));
+        chunk.resize(wanted * kEntrySize);
+        const std::size_t got = std::fread(chunk.data(), 1, chunk.size(), file.get()) / kEntrySize;
+        for (std::size_t i = 0; i < got; ++i) {
+            const char* entry = chunk.data() + i * kEntrySize;
+            for (std::size_t c = 0; c < kNameSize; ++c)
+                name[c] = lower[static_cast<unsigned char>(entry[c])];
+            const std::string_view lowered(name, kNameSize);
+            if (isMapEntry(lowered) && mapNameOf(lowered) == mapName) {
+                const auto* bytes = reinterpret_cast<const unsigned char*>(entry);
+                return PakEntryPlace{readInt32(bytes + kNameSize), readInt32(bytes + kNameSize + 4)};
+            }
+        }
+        if (got < wanted)
+            break;
+        remaining -= static_cast<std::int64_t>(got);
+    }
+    return std::nullopt;
+}
+
 } // namespace rd
