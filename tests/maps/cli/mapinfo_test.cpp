@@ -6,6 +6,7 @@
 #include "tests/support/process_data.h"
 #include "tests/support/workspace_data.h"
 
+#include <filesystem>
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
 
@@ -106,5 +107,28 @@ TEST(CliMapinfo, NeedsAGameAndAMap) {
     TempWorkspace ws;
     EXPECT_EQ(mapinfo(ws, {"Quake2"}).status, 2);
 }
+
+#ifdef _WIN32
+TEST(CliMapinfoOnWindows, ReadsMapsThroughARecordWithDriveLetterPaths) {
+    TempWorkspace ws;
+    const std::string main = std::filesystem::path(ws.path("Quake2")).make_preferred().string() + "\\";
+    ASSERT_EQ(main.substr(1, 2), ":\\") << main;
+    ws.writeLines("Game-Paths/Quake2/Quake2.Gme", {main, main + "baseq2\\maps\\"});
+    BspBuilder builder;
+    builder.addRoom(0, 0, 128, 64, 0, 64);
+    const std::string map = test::buildBsp(
+        builder.build(test::entityText({{{"classname", "worldspawn"}, {"message", "Through Z"}}})));
+    ws.write("Quake2/baseq2/pak0.pak",
+             test::buildPak({{"pics/a.pcx", std::string(5000, 'a')}, {"maps/z.bsp", map}}));
+    ws.write("Quake2/baseq2/maps/Loose.bsp", map);
+    const std::string root = std::filesystem::path(ws.root()).make_preferred().string();
+    for (const char* name : {"z", "loose"}) {
+        const auto run = test::runProgram(ROSTERDESK_CLI, {"--root", root, "mapinfo", "Quake2", name});
+        ASSERT_EQ(run.status, 0) << run.err;
+        EXPECT_EQ(run.json()["title"], "Through Z");
+        EXPECT_EQ(run.json()["planEdges"], 4);
+    }
+}
+#endif
 
 } // namespace rd::mapinfo_test
