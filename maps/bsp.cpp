@@ -206,6 +206,8 @@ public:
     enum class Kind { End, Word, Quoted };
 
     explicit Tokens(std::string_view text) : p_(text.data()), end_(text.data() + text.size()) {
+        if (text.empty())
+            return; // an empty lump has no bytes at all
         if (const void* nul = std::memchr(p_, '\0', text.size()))
             end_ = static_cast<const char*>(nul);
     }
