@@ -13,6 +13,8 @@ namespace rd {
 
 namespace {
 
+using namespace std::string_view_literals;
+
 static_assert(std::endian::native == std::endian::little,
               "map files are little-endian and are read into memory as they are stored");
 
@@ -42,7 +44,7 @@ constexpr float kFloorNormal = 0.7f;
 // The game's weapons, in the order of its inventory: the original game, its capture-the-flag
 // grapple, then the weapons of the two mission packs.
 struct Weapon {
-    const char* classname;
+    std::string_view classname;
     const char* name;
 };
 constexpr Weapon kWeapons[] = {
@@ -197,6 +199,26 @@ bool equalsAsciiNoCase(std::string_view a, std::string_view lower) {
     return true;
 }
 
+// The first double quote from `p` on, or `end`. Quoted texts are short, so instead of a library
+// call the bytes are looked at eight at a time, each word tested for a byte equal to '"'.
+const char* findQuote(const char* p, const char* end) {
+    constexpr std::uint64_t kOnes = 0x0101010101010101ull;
+    constexpr std::uint64_t kHighs = 0x8080808080808080ull;
+    constexpr std::uint64_t kQuotes = kOnes * static_cast<unsigned char>('"');
+    while (end - p >= 8) {
+        std::uint64_t word;
+        std::memcpy(&word, p, sizeof word);
+        const std::uint64_t x = word ^ kQuotes; // a quote became a zero byte
+        const std::uint64_t zeros = (x - kOnes) & ~x & kHighs;
+        if (zeros != 0)
+            return p + std::countr_zero(zeros) / 8; // the lowest byte is the first one (little-endian)
+        p += 8;
+    }
+    while (p < end && *p != '"')
+        ++p;
+    return p;
+}
+
 // The entity text, token by token as the game reads it: blanks and control characters separate
 // tokens, "//" starts a comment to the end of the line, a double quote starts a text that runs to
 // the next double quote (blanks included), anything else is a word up to the next blank. The text
@@ -227,10 +249,9 @@ public:
         }
         if (*p_ == '"') {
             const char* start = p_ + 1;
-            const void* close = std::memchr(start, '"', static_cast<std::size_t>(end_ - start));
-            if (!close)
+            const char* closing = findQuote(start, end_);
+            if (closing == end_)
                 damaged("a quoted text in the entities has no closing quote");
-            const char* closing = static_cast<const char*>(close);
             token = std::string_view(start, static_cast<std::size_t>(closing - start));
             p_ = closing + 1;
             return Kind::Quoted;
@@ -313,26 +334,26 @@ void readEntities(std::string_view text, MapCard& card) {
                 damaged("an entity has no closing brace");
             if (kind == Tokens::Kind::Word && value.front() == '}')
                 damaged("an entity key has no value");
-            if (equalsAsciiNoCase(key, "classname"))
+            if (equalsAsciiNoCase(key, "classname"sv))
                 classname = value;
-            else if (equalsAsciiNoCase(key, "message"))
+            else if (equalsAsciiNoCase(key, "message"sv))
                 message = value;
         }
-        if (classname == "worldspawn") {
+        if (classname == "worldspawn"sv) {
             if (!worldSeen)
                 card.title = titleOf(message);
             worldSeen = true;
-        } else if (classname == "info_player_deathmatch") {
+        } else if (classname == "info_player_deathmatch"sv) {
             ++card.deathmatchSpawns;
-        } else if (classname == "info_player_start") {
+        } else if (classname == "info_player_start"sv) {
             ++card.singleStarts;
-        } else if (classname == "info_player_team1") {
+        } else if (classname == "info_player_team1"sv) {
             ++card.teamSpawns[0];
-        } else if (classname == "info_player_team2") {
+        } else if (classname == "info_player_team2"sv) {
             ++card.teamSpawns[1];
-        } else if (classname == "item_flag_team1" || classname == "item_flag_team2") {
+        } else if (classname == "item_flag_team1"sv || classname == "item_flag_team2"sv) {
             card.ctf = true;
-        } else if (classname.starts_with("weapon_")) {
+        } else if (classname.starts_with("weapon_"sv)) {
             std::size_t known = 0;
             while (known < kWeaponCount && classname != kWeapons[known].classname)
                 ++known;
@@ -370,67 +391,77 @@ void readWorld(const Lump& models, const Lump& faces, const Lump& planes, const 
         static_cast<std::uint64_t>(firstFace) + static_cast<std::uint64_t>(faceCount) > faces.count())
         damaged("the world model's faces lie outside the face table");
 
-    // Every edge and every surface edge is checked once, so the faces below can follow them freely.
-    const std::size_t vertexCount = vertices.count();
-    for (std::size_t i = 0; i < edges.count(); ++i) {
-        const char* edge = edges.record(i);
-        if (uint16At(edge) >= vertexCount || uint16At(edge + 2) >= vertexCount)
-            damaged("an edge points past the vertex table");
+    // Which way each plane looks, worked out once: bit 0 set when a face on the plane looks up steeply
+    // enough to stand on, bit 1 when a face turned away from it does.
+    std::vector<unsigned char> floorSides(planes.count());
+    for (std::size_t i = 0; i < planes.count(); ++i) {
+        const float up = floatAt(planes.record(i) + 8);
+        floorSides[i] =
+            static_cast<unsigned char>((up > kFloorNormal ? 1 : 0) | (-up > kFloorNormal ? 2 : 0));
     }
-    const auto edgeCount = static_cast<std::uint64_t>(edges.count());
-    for (std::size_t i = 0; i < surfaceEdges.count(); ++i) {
-        const std::int64_t surfaceEdge = int32At(surfaceEdges.record(i));
-        if (static_cast<std::uint64_t>(surfaceEdge < 0 ? -surfaceEdge : surfaceEdge) >= edgeCount)
-            damaged("a surface edge points past the edge table");
-    }
-    checkCancel(cancel);
 
+    // Only what the plan uses is followed, and checked before it is used: the floors' surface edges,
+    // their edges and those edges' vertices. A vertex becomes a point of the plan the first time an
+    // edge reaches it (`pointOf` holds its point's number + 1), an edge a line the first time a floor
+    // names it.
     MapPlan& plan = card.plan;
-    const std::size_t pointCount = std::min<std::size_t>(vertexCount, std::size_t{1} << 16);
-    plan.points.resize(pointCount);
-    for (std::size_t i = 0; i < pointCount; ++i) {
-        const char* vertex = vertices.record(i);
-        const float x = floatAt(vertex);
-        const float y = floatAt(vertex + 4);
+    const std::size_t vertexCount = vertices.count();
+    const auto edgeCount = static_cast<std::uint64_t>(edges.count());
+    const auto surfaceEdgeCount = static_cast<std::uint64_t>(surfaceEdges.count());
+    const std::size_t planeCount = planes.count();
+    std::vector<std::uint16_t> pointOf(std::min<std::size_t>(vertexCount, std::size_t{1} << 16));
+    std::vector<unsigned char> drawn(edges.count());
+    // Room for every point and line there can be: no more than the vertex and edge lumps hold.
+    plan.points.reserve(pointOf.size());
+    plan.lines.reserve(edges.count());
+    const auto newPoint = [&](std::uint16_t vertex) {
+        if (vertex >= vertexCount)
+            damaged("an edge points past the vertex table");
+        const char* at = vertices.record(vertex);
+        const float x = floatAt(at);
+        const float y = floatAt(at + 4);
         if (!std::isfinite(x) || !std::isfinite(y))
             damaged("a vertex is not a number");
-        plan.points[i] = {x, y};
-    }
+        plan.points.push_back({x, y});
+        pointOf[vertex] = static_cast<std::uint16_t>(plan.points.size());
+    };
 
-    // An edge shared by two floor faces is drawn once.
-    std::vector<unsigned char> drawn(edges.count());
-    const auto planeCount = planes.count();
-    const auto surfaceEdgeCount = static_cast<std::uint64_t>(surfaceEdges.count());
-    const auto end = static_cast<std::size_t>(firstFace) + static_cast<std::size_t>(faceCount);
-    for (std::size_t f = static_cast<std::size_t>(firstFace); f < end; ++f) {
-        if ((f & 0xFFF) == 0)
+    const char* face = faces.record(static_cast<std::size_t>(firstFace));
+    const char* const end = face + static_cast<std::size_t>(faceCount) * kFaces.recordSize;
+    for (std::size_t counted = 0; face < end; face += kFaces.recordSize, ++counted) {
+        if ((counted & 0x3FFF) == 0x3FFF)
             checkCancel(cancel);
-        const char* face = faces.record(f);
         const std::uint16_t planeNumber = uint16At(face);
-        const std::int16_t side = int16At(face + 2);
-        const std::int32_t firstEdge = int32At(face + 4);
-        const std::int16_t edgesOfFace = int16At(face + 8);
         if (planeNumber >= planeCount)
             damaged("a face points past the plane table");
+        if (!(floorSides[planeNumber] & (int16At(face + 2) != 0 ? 2 : 1)))
+            continue;
+        const std::int32_t firstEdge = int32At(face + 4);
+        const std::int16_t edgesOfFace = int16At(face + 8);
         if (firstEdge < 0 || edgesOfFace < 0 ||
             static_cast<std::uint64_t>(firstEdge) + static_cast<std::uint64_t>(edgesOfFace) >
                 surfaceEdgeCount)
             damaged("a face's edges lie outside the surface edge table");
-        float up = floatAt(planes.record(planeNumber) + 8);
-        if (side != 0)
-            up = -up;
-        if (!(up > kFloorNormal))
-            continue;
-        for (std::int32_t e = 0; e < edgesOfFace; ++e) {
-            const std::int32_t surfaceEdge =
-                int32At(surfaceEdges.record(static_cast<std::size_t>(firstEdge + e)));
-            const auto index = static_cast<std::size_t>(
-                surfaceEdge < 0 ? -static_cast<std::int64_t>(surfaceEdge) : surfaceEdge);
+        const char* surfaceEdge = surfaceEdges.record(static_cast<std::size_t>(firstEdge));
+        for (std::int16_t e = 0; e < edgesOfFace; ++e, surfaceEdge += kSurfaceEdges.recordSize) {
+            const std::int32_t named = int32At(surfaceEdge);
+            // The magnitude as unsigned, so the most negative number is no exception.
+            const std::uint32_t index =
+                named < 0 ? 0u - static_cast<std::uint32_t>(named) : static_cast<std::uint32_t>(named);
+            if (index >= edgeCount)
+                damaged("a surface edge points past the edge table");
             if (drawn[index])
                 continue;
             drawn[index] = 1;
             const char* edge = edges.record(index);
-            plan.lines.push_back({uint16At(edge), uint16At(edge + 2)});
+            const std::uint16_t from = uint16At(edge);
+            const std::uint16_t to = uint16At(edge + 2);
+            if (from >= pointOf.size() || pointOf[from] == 0)
+                newPoint(from);
+            if (to >= pointOf.size() || pointOf[to] == 0)
+                newPoint(to);
+            plan.lines.push_back(
+                {static_cast<std::uint16_t>(pointOf[from] - 1), static_cast<std::uint16_t>(pointOf[to] - 1)});
         }
     }
 }

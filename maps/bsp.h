@@ -16,8 +16,8 @@
 namespace rd {
 
 // The floor plan: the edges of the world's faces that face upwards (steeply enough to stand on),
-// projected from above. `points` holds (x, y) of the map's vertices (the first 65,536: edges cannot
-// name more); each line joins two of them.
+// projected from above, each drawn once. `points` holds (x, y) of the vertices those edges join
+// (at most 65,536: edges cannot name more); each line joins two of them.
 struct MapPlan {
     std::vector<std::array<float, 2>> points;
     std::vector<std::array<std::uint16_t, 2>> lines;
@@ -52,7 +52,8 @@ std::string weaponName(std::string_view classname);
 // The card of the map that lies in `file` from byte `offset` for `length` bytes. A map that cannot
 // be read as one gives no card: the reason says "damaged map: " and what is wrong (a short file, a
 // wrong mark or version, lumps past the end, counts or indexes outside their tables, an entity
-// without its closing brace...), or why the file could not be read. When `cancel` becomes true
+// without its closing brace...), or why the file could not be read. Tables are checked as far as
+// the card follows them: the faces of the world, and the edges and vertices of its floors. When `cancel` becomes true
 // the reading stops early (reason "abandoned").
 CardResult ReadMapCard(const std::filesystem::path& file, std::uint64_t offset, std::uint64_t length,
                        const std::atomic<bool>* cancel = nullptr);
