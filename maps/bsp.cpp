@@ -409,7 +409,7 @@ void readWorld(const Lump& models, const Lump& faces, const Lump& planes, const 
     const auto edgeCount = static_cast<std::uint64_t>(edges.count());
     const auto surfaceEdgeCount = static_cast<std::uint64_t>(surfaceEdges.count());
     const std::size_t planeCount = planes.count();
-    std::vector<std::uint16_t> pointOf(std::min<std::size_t>(vertexCount, std::size_t{1} << 16));
+    std::vector<std::uint32_t> pointOf(std::min<std::size_t>(vertexCount, std::size_t{1} << 16));
     std::vector<unsigned char> drawn(edges.count());
     // Room for every point and line there can be: no more than the vertex and edge lumps hold.
     plan.points.reserve(pointOf.size());
@@ -423,7 +423,7 @@ void readWorld(const Lump& models, const Lump& faces, const Lump& planes, const 
         if (!std::isfinite(x) || !std::isfinite(y))
             damaged("a vertex is not a number");
         plan.points.push_back({x, y});
-        pointOf[vertex] = static_cast<std::uint16_t>(plan.points.size());
+        pointOf[vertex] = static_cast<std::uint32_t>(plan.points.size());
     };
 
     const char* face = faces.record(static_cast<std::size_t>(firstFace));

@@ -232,6 +232,26 @@ TEST(MapCard, AFaceTurnedAwayFromItsPlaneLooksTheOtherWay) {
     EXPECT_EQ(result.card.plan.lines.size(), 8u);
 }
 
+TEST(MapCard, ThePlanCanUseEveryVertexAnEdgeCanName) {
+    // 16,384 separate floor tiles: 65,536 vertices, the most an edge can name.
+    BspBuilder builder;
+    for (int i = 0; i < 16384; ++i) {
+        const auto x = static_cast<float>((i % 128) * 32);
+        const auto y = static_cast<float>((i / 128) * 32);
+        builder.addFace({{x, y, 0}, {x + 16, y, 0}, {x + 16, y + 16, 0}, {x, y + 16, 0}});
+    }
+    const BspMap map = builder.build(entityText({}));
+    ASSERT_EQ(map.vertices.size(), 65536u);
+    const CardResult result = ReadMapCardFromBytes(buildBsp(map));
+    ASSERT_TRUE(result.ok()) << result.reason;
+    ASSERT_EQ(result.card.plan.points.size(), 65536u);
+    ASSERT_EQ(result.card.plan.lines.size(), 65536u);
+    // The last tile's last side joins its fourth corner to its first.
+    const auto& last = result.card.plan.lines.back();
+    EXPECT_EQ(result.card.plan.points[last[0]], (std::array<float, 2>{127 * 32, 127 * 32 + 16}));
+    EXPECT_EQ(result.card.plan.points[last[1]], (std::array<float, 2>{127 * 32, 127 * 32}));
+}
+
 TEST(MapCard, AMapWithoutFloorsHasAnEmptyPlan) {
     BspBuilder builder;
     builder.addFace({{0, 0, 0}, {0, 100, 0}, {100, 100, 0}, {100, 0, 0}}); // facing down
