@@ -87,7 +87,8 @@ TEST(CatalogueCard, AGameWithoutARecordSaysCouldNotFind) {
     TempWorkspace ws;
     ws.folder("Game-Paths/Quake2");
     const CardResult result = CatalogueCard(ws.root(), "Quake2", {"q2dm1", "BaseQ2 pak0.pak"});
-    EXPECT_EQ(result.reason, "Could not find " + ws.path("Game-Paths/Quake2/Quake2.Gme").string());
+    EXPECT_EQ(result.reason,
+              "Could not find " + ws.path("Game-Paths/Quake2/Quake2.Gme").make_preferred().string());
 }
 
 TEST(CatalogueCard, ADamagedMapInAnArchiveSaysWhatIsWrong) {
@@ -127,7 +128,7 @@ TEST(FindMapCard, AGameWithoutARecordSaysCouldNotFind) {
     TempWorkspace ws;
     ws.folder("Game-Paths/Quake2");
     EXPECT_EQ(FindMapCard(ws.root(), "Quake2", "q2dm1").reason,
-              "Could not find " + ws.path("Game-Paths/Quake2/Quake2.Gme").string());
+              "Could not find " + ws.path("Game-Paths/Quake2/Quake2.Gme").make_preferred().string());
 }
 
 TEST(FindPakMap, GivesTheFirstMapEntryOfThatNameWithItsPositionAndLength) {

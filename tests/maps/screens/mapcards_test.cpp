@@ -321,7 +321,7 @@ TEST(MapCardOnTheCategoryEditor, AGameWithoutARecordSaysSo) {
     clickRow(s.form->lvMaps, 0);
     ASSERT_TRUE(waitForCard(s.pane()));
     EXPECT_EQ(s.pane()->lblCardReason->text().toStdString(),
-              "Could not find " + ws.path("Game-Paths/Quake2/Quake2.Gme").string());
+              "Could not find " + ws.path("Game-Paths/Quake2/Quake2.Gme").make_preferred().string());
 }
 
 TEST(MapCardOnTheCategoryEditor, DeletingTheLastRowLeavesNoCard) {
