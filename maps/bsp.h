@@ -53,8 +53,8 @@ std::string weaponName(std::string_view classname);
 // be read as one gives no card: the reason says "damaged map: " and what is wrong (a short file, a
 // wrong mark or version, lumps past the end, counts or indexes outside their tables, an entity
 // without its closing brace...), or why the file could not be read. Tables are checked as far as
-// the card follows them: the faces of the world, and the edges and vertices of its floors. When `cancel` becomes true
-// the reading stops early (reason "abandoned").
+// the card follows them: the faces of the world, and the edges and vertices of its floors. When
+// `cancel` becomes true the reading stops early (reason "abandoned").
 CardResult ReadMapCard(const std::filesystem::path& file, std::uint64_t offset, std::uint64_t length,
                        const std::atomic<bool>* cancel = nullptr);
 // A loose map: the whole file.
