@@ -5,7 +5,9 @@
 //   - opening the screen until its list holds every row, beside the same rows from BuildCatalogue
 //     put into a bare QTreeWidget in one batch;
 //   - filtering the list to a one-letter text, and back to everything (each on its own);
-//   - a click on the "Map Name" header, beside sortItems on the bare view holding the same rows.
+//   - a click on the "Map Name" header, beside sortItems on the bare view holding the same rows;
+//   - the Down key on the list, with the selected row's card read beside it, beside the same key
+//     on the bare view.
 // Qt runs offscreen; the screen and the bare view are shown so layout and drawing count.
 
 #include "core/screens/qtext.h"
@@ -192,12 +194,48 @@ void BM_BaselineSortBareTreeWidget(benchmark::State& state) {
     }
 }
 
+// The Down key on the list, with the card of each row it reaches read beside it (on a thread of its
+// own; what the screen does with the key and with the cards that arrive is timed), beside the same
+// key on the bare view holding the same rows. Every 1,000 rows the selection goes back to the top,
+// untimed.
+template <typename View> void arrowKeyDown(benchmark::State& state, View* view) {
+    view->setFocus();
+    view->setCurrentItem(view->topLevelItem(0));
+    QApplication::processEvents();
+    int row = 0;
+    for (auto _ : state) {
+        QTest::keyClick(view, Qt::Key_Down);
+        QApplication::processEvents();
+        if (++row == 1000) {
+            state.PauseTiming();
+            view->setCurrentItem(view->topLevelItem(0));
+            QApplication::processEvents();
+            row = 0;
+            state.ResumeTiming();
+        }
+    }
+}
+
+void BM_ArrowKeyDownWithCard(benchmark::State& state) {
+    auto screen = openScreen();
+    checkRows(state, screen->lvMaps);
+    arrowKeyDown(state, screen->lvMaps);
+}
+
+void BM_BaselineArrowKeyDownBareTreeWidget(benchmark::State& state) {
+    auto view = openBareView();
+    checkRows(state, view.get());
+    arrowKeyDown(state, view.get());
+}
+
 BENCHMARK(BM_OpenAddMapScreen)->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_BaselineCatalogueIntoBareTreeWidget)->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_FilterToOneLetter)->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_FilterBackToEverything)->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_SortByHeaderClick)->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_BaselineSortBareTreeWidget)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_ArrowKeyDownWithCard)->Unit(benchmark::kMicrosecond);
+BENCHMARK(BM_BaselineArrowKeyDownBareTreeWidget)->Unit(benchmark::kMicrosecond);
 
 } // namespace
 

@@ -106,12 +106,17 @@ std::ptrdiff_t InputFile::read(char* into, std::size_t count) {
     return static_cast<std::ptrdiff_t>(got);
 }
 
-bool InputFile::seek(std::uint64_t offset) {
-    if (!handle_ || offset > static_cast<std::uint64_t>(std::numeric_limits<LONGLONG>::max()))
-        return false;
-    LARGE_INTEGER to{};
-    to.QuadPart = static_cast<LONGLONG>(offset);
-    return ::SetFilePointerEx(static_cast<HANDLE>(handle_), to, nullptr, FILE_BEGIN) != 0;
+std::ptrdiff_t InputFile::readAt(std::uint64_t offset, char* into, std::size_t count) {
+    if (!handle_)
+        return -1;
+    OVERLAPPED at{};
+    at.Offset = static_cast<DWORD>(offset & 0xFFFFFFFFu);
+    at.OffsetHigh = static_cast<DWORD>(offset >> 32);
+    const DWORD want = static_cast<DWORD>(std::min<std::size_t>(count, std::numeric_limits<DWORD>::max()));
+    DWORD got = 0;
+    if (!::ReadFile(static_cast<HANDLE>(handle_), into, want, &got, &at))
+        return ::GetLastError() == ERROR_HANDLE_EOF ? 0 : -1;
+    return static_cast<std::ptrdiff_t>(got);
 }
 
 void InputFile::close() {
@@ -172,10 +177,15 @@ std::ptrdiff_t InputFile::read(char* into, std::size_t count) {
     return static_cast<std::ptrdiff_t>(got);
 }
 
-bool InputFile::seek(std::uint64_t offset) {
+std::ptrdiff_t InputFile::readAt(std::uint64_t offset, char* into, std::size_t count) {
     if (fd_ < 0 || offset > static_cast<std::uint64_t>(std::numeric_limits<off_t>::max()))
-        return false;
-    return ::lseek(fd_, static_cast<off_t>(offset), SEEK_SET) >= 0;
+        return -1;
+    count = std::min<std::size_t>(count, static_cast<std::size_t>(std::numeric_limits<ssize_t>::max()));
+    ssize_t got = 0;
+    do {
+        got = ::pread(fd_, into, count, static_cast<off_t>(offset));
+    } while (got < 0 && errno == EINTR);
+    return static_cast<std::ptrdiff_t>(got);
 }
 
 void InputFile::close() {

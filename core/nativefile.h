@@ -41,8 +41,9 @@ public:
     std::uint64_t size() const { return size_; }
     // Reads up to `count` bytes: the number read, 0 at the end of the file, -1 on a read error.
     std::ptrdiff_t read(char* into, std::size_t count);
-    // Moves to `offset` bytes from the start; a position past the end reads as the end.
-    bool seek(std::uint64_t offset);
+    // Reads up to `count` bytes from byte `offset` of the file (counted from its start): the number
+    // read, 0 at or past the end of the file, -1 on a read error.
+    std::ptrdiff_t readAt(std::uint64_t offset, char* into, std::size_t count);
     void close();
 
 private:

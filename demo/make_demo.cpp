@@ -7,6 +7,7 @@
 //
 //   rosterdesk-make-demo <demo folder> <output folder>
 
+#include "demo/demo_maps.h"
 #include "tests/support/pak_writer_data.h"
 #include "tests/support/workspace_data.h"
 
@@ -65,9 +66,9 @@ void copyWorkspace(const fs::path& source, const fs::path& target, const Places&
     }
 }
 
-// Map data: a few bytes that look like the start of a BSP file.
+// Map data: a small real map of that name (demo_maps.cpp).
 std::string bspBytes(const std::string& name) {
-    return std::string("IBSP\x26\0\0\0", 8) + name;
+    return rd::demo::demoMapBytes(name);
 }
 
 std::vector<PakEntry> maps(const std::vector<std::string>& names, const std::string& folder = "maps/") {

@@ -9,9 +9,6 @@
 #include <algorithm>
 #include <array>
 #include <cstdint>
-#include <cstdio>
-#include <memory>
-#include <system_error>
 
 namespace rd {
 
@@ -74,11 +71,11 @@ void makeRoom(std::vector<CatalogueRow>& rows, std::size_t more) {
         rows.reserve(std::max(rows.size() + more, rows.capacity() + rows.capacity() / 2));
 }
 
-// Reads up to `count` bytes; fewer at the end of the file or on a read error.
-std::size_t readUpTo(native::InputFile& file, char* into, std::size_t count) {
+// Reads up to `count` bytes from byte `offset`; fewer at the end of the file or on a read error.
+std::size_t readUpTo(native::InputFile& file, std::uint64_t offset, char* into, std::size_t count) {
     std::size_t got = 0;
     while (got < count) {
-        const std::ptrdiff_t n = file.read(into + got, count - got);
+        const std::ptrdiff_t n = file.readAt(offset + got, into + got, count - got);
         if (n <= 0)
             break;
         got += static_cast<std::size_t>(n);
@@ -88,7 +85,14 @@ std::size_t readUpTo(native::InputFile& file, char* into, std::size_t count) {
 
 } // namespace
 
-bool ScanPak(const fs::path& pakPath, std::vector<std::string>& target, bool mapsOnly) {
+namespace {
+
+// Reads an archive's directory entry by entry, each with its 56-character name lower-cased, and
+// hands each to `visit` (entry name, the entry's 64 bytes) until it returns false. With
+// `mapsOnly`, only entries whose lower-cased names begin with "maps" are handed on (the rest of a
+// name is lower-cased only when that holds). False when there is no such plain file or the
+// directory cannot be reached; a directory that runs past the end of the file stops there.
+template <class Visit> bool walkPakDirectory(const fs::path& pakPath, bool mapsOnly, Visit visit) {
     const fs::path resolved = resolvePath(pakPath.parent_path(), nameOf(pakPath));
     // Only a plain file is read: a pipe or a device named like an archive would keep the open (or
     // the reading) waiting for ever, and is refused on opening.
@@ -98,17 +102,16 @@ bool ScanPak(const fs::path& pakPath, std::vector<std::string>& target, bool map
 
     // A header cut short reads as zeros, as a binary read past the end gives.
     std::array<unsigned char, kHeaderSize> header{};
-    (void)readUpTo(file, reinterpret_cast<char*>(header.data()), header.size());
+    (void)readUpTo(file, 0, reinterpret_cast<char*>(header.data()), header.size());
     const std::int32_t directoryOffset = readInt32(header.data() + 4);
     const std::int32_t directoryLength = readInt32(header.data() + 8);
     if (directoryOffset < 0)
         return false; // the position cannot be reached
-    if (!file.seek(static_cast<std::uint64_t>(directoryOffset)))
-        return false;
+    std::uint64_t at = static_cast<std::uint64_t>(directoryOffset);
 
     // floor(length / 64) entries when the length is 64 or more, none otherwise. The directory is
     // read in chunks of at most kChunkEntries entries, so nothing is allocated beyond a chunk
-    // whatever the header claims; a directory that runs past the end of the file stops there.
+    // whatever the header claims.
     std::int64_t remaining = directoryLength < 64 ? 0 : directoryLength / 64;
     const auto& lower = lowerTable();
     std::vector<char> chunk;
@@ -116,11 +119,10 @@ bool ScanPak(const fs::path& pakPath, std::vector<std::string>& target, bool map
     while (remaining > 0) {
         const auto wanted = static_cast<std::size_t>(std::min<std::int64_t>(remaining, kChunkEntries));
         chunk.resize(wanted * kEntrySize);
-        const std::size_t got = readUpTo(file, chunk.data(), chunk.size()) / kEntrySize;
+        const std::size_t got = readUpTo(file, at, chunk.data(), chunk.size()) / kEntrySize;
+        at += got * kEntrySize;
         for (std::size_t i = 0; i < got; ++i) {
             const char* entry = chunk.data() + i * kEntrySize;
-            // Only map entries are wanted in maps-only mode: their names begin with "maps" once
-            // lower-cased, so the rest of a name is lower-cased only when that holds.
             std::size_t lowered = 0;
             if (mapsOnly) {
                 for (; lowered < 4; ++lowered)
@@ -130,17 +132,26 @@ bool ScanPak(const fs::path& pakPath, std::vector<std::string>& target, bool map
             }
             for (std::size_t c = lowered; c < kNameSize; ++c)
                 name[c] = lower[static_cast<unsigned char>(entry[c])];
-            const std::string_view loweredName(name, kNameSize);
-            if (!mapsOnly)
-                target.emplace_back(loweredName);
-            else if (isMapEntry(loweredName))
-                target.push_back(mapNameOf(loweredName));
+            if (!visit(std::string_view(name, kNameSize), entry))
+                return true;
         }
         if (got < wanted)
             break;
         remaining -= static_cast<std::int64_t>(got);
     }
     return true;
+}
+
+} // namespace
+
+bool ScanPak(const fs::path& pakPath, std::vector<std::string>& target, bool mapsOnly) {
+    return walkPakDirectory(pakPath, mapsOnly, [&](std::string_view lowered, const char*) {
+        if (!mapsOnly)
+            target.emplace_back(lowered);
+        else if (isMapEntry(lowered))
+            target.push_back(mapNameOf(lowered));
+        return true;
+    });
 }
 
 namespace {
@@ -247,6 +258,18 @@ Catalogue BuildCatalogue(const fs::path& root, std::string_view game, TrapHandle
     StepRunner trap(std::move(handler));
     catalogue.rows = CatalogueRows(mainFolder, mapFolder, trap, findWinePrefix(root));
     return catalogue;
+}
+
+std::optional<PakEntryPlace> FindPakMap(const fs::path& pakPath, std::string_view mapName) {
+    std::optional<PakEntryPlace> place;
+    walkPakDirectory(pakPath, true, [&](std::string_view lowered, const char* entry) {
+        if (!isMapEntry(lowered) || mapNameOf(lowered) != mapName)
+            return true;
+        const auto* bytes = reinterpret_cast<const unsigned char*>(entry);
+        place = PakEntryPlace{readInt32(bytes + kNameSize), readInt32(bytes + kNameSize + 4)};
+        return false;
+    });
+    return place;
 }
 
 } // namespace rd

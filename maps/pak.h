@@ -7,7 +7,9 @@
 
 #include "games/gamerecord.h"
 
+#include <cstdint>
 #include <filesystem>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -52,5 +54,14 @@ std::vector<CatalogueRow> CatalogueRows(std::string_view mainFolder, std::string
 
 // A loose map file's name with ".bsp" cut off: first found without regard to case, then with it.
 std::string looseMapName(std::string_view fileName);
+
+// Where a map's data lies in an archive, as its directory entry gives it.
+struct PakEntryPlace {
+    std::int32_t position = 0;
+    std::int32_t length = 0;
+};
+// The first entry of the archive's directory that ScanPak (maps only) turns into `mapName`
+// (compared as it stands); nothing when no entry does or the directory cannot be read.
+std::optional<PakEntryPlace> FindPakMap(const std::filesystem::path& pakPath, std::string_view mapName);
 
 } // namespace rd

@@ -142,7 +142,10 @@ bool forEachScreen(const std::filesystem::path& root, const std::function<bool(Q
                                                       root, "Quake2")
                    .get()))
         return false;
-    if (!visit(std::make_unique<rd::frmAddMaps>(root, "Quake2", false, nullptr, category.lvMaps).get()))
+    // The add-map screen with a map selected, so its card shows.
+    auto addMaps = std::make_unique<rd::frmAddMaps>(root, "Quake2", false, nullptr, category.lvMaps);
+    selectRow(addMaps->lvMaps, [](QTreeWidgetItem* row) { return row->text(0) == QStringLiteral("q2dm1"); });
+    if (!visit(addMaps.get()))
         return false;
     if (!visit(std::make_unique<rd::frmArenas>(root).get()))
         return false;

@@ -5,7 +5,10 @@
 #include "core/screens/prompts.h"
 #include "core/screens/qtext.h"
 #include "core/screens/userfont.h"
+#include "maps/mapcard.h"
 #include "maps/pak.h"
+#include "maps/screens/cardloader.h"
+#include "maps/screens/mapcardpane.h"
 #include "maps/screens/maplist.h"
 
 #include <QEvent>
@@ -46,6 +49,9 @@ frmAddMaps::frmAddMaps(std::filesystem::path root, std::string game, bool pickOn
     lblMaps->setBuddy(lvMaps);
     lvMaps->setAccessibleName(QStringLiteral("Installed Maps:"));
 
+    fraMapCard = new MapCardPane(this);
+    cardLoader = new CardLoader(this);
+
     cmdAdd = makeButton(this, "cmdAdd",
                         pickOne_ ? QStringLiteral("&Select This Map") : QStringLiteral("&Add This Map"));
     cmdClose = makeButton(this, "cmdClose", QStringLiteral("&Close"));
@@ -58,10 +64,16 @@ frmAddMaps::frmAddMaps(std::filesystem::path root, std::string game, bool pickOn
     buttons->addWidget(cmdAdd);
     buttons->addWidget(cmdClose);
 
+    auto* mapList = new QVBoxLayout;
+    mapList->addWidget(lblMaps);
+    mapList->addWidget(lvMaps, 1);
+    auto* listAndCard = new QHBoxLayout;
+    listAndCard->addLayout(mapList, 3);
+    listAndCard->addWidget(fraMapCard, 2);
+
     auto* top = new QVBoxLayout(this);
     top->addLayout(filterRow);
-    top->addWidget(lblMaps);
-    top->addWidget(lvMaps, 1);
+    top->addLayout(listAndCard, 1);
     top->addLayout(buttons);
 
     setTabOrder(txtFilter, lvMaps);
@@ -73,10 +85,15 @@ frmAddMaps::frmAddMaps(std::filesystem::path root, std::string game, bool pickOn
     connect(lvMaps, &QTreeWidget::itemDoubleClicked, this, &frmAddMaps::lvMaps_DblClick);
     connect(lvMaps->header(), &QHeaderView::sectionClicked, this, &frmAddMaps::lvMaps_ColumnClick);
     connect(txtFilter, &QLineEdit::textChanged, this, &frmAddMaps::txtFilter_Change);
+    connect(lvMaps, &QTreeWidget::currentItemChanged, this, &frmAddMaps::lvMaps_Click);
+    connect(lvMaps, &QTreeWidget::itemSelectionChanged, this, &frmAddMaps::lvMaps_Click);
+    connect(cardLoader, &CardLoader::cardRead, fraMapCard, &MapCardPane::showResult);
     lvMaps->installEventFilter(this);
 
     resize(480, 460);
     Form_Load();
+    // Room for the card beside the list, in the user's font.
+    resize(size().expandedTo(sizeHint()));
 }
 
 void frmAddMaps::Form_Load() {
@@ -132,6 +149,25 @@ void frmAddMaps::cmdClose_Click() {
 
 void frmAddMaps::lvMaps_DblClick() {
     cmdAdd_Click();
+}
+
+void frmAddMaps::lvMaps_Click() {
+    QTreeWidgetItem* selected = selectedMapRow(lvMaps);
+    if (selected && selected->isHidden())
+        selected = nullptr;
+    if (selected == cardRow_)
+        return;
+    cardRow_ = selected;
+    if (!selected) {
+        cardLoader->cancel();
+        fraMapCard->showNothing();
+        return;
+    }
+    fraMapCard->showReading();
+    const CatalogueRow row{toBytes(selected->text(0)), toBytes(selected->text(1))};
+    cardLoader->request([root = root_, game = game_, row](const std::atomic<bool>& cancel) {
+        return CatalogueCard(root, game, row, &cancel);
+    });
 }
 
 void frmAddMaps::lvMaps_ColumnClick(int column) {

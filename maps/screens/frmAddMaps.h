@@ -1,7 +1,7 @@
 #pragma once
 // The add-map screen: every map the game has installed (in its PAK archives and loose in its map
-// folder), with where each was found. It either hands one map name to the map entry dialog or adds
-// maps straight into the category editor's list.
+// folder), with where each was found, and the card of the selected map. It either hands one map
+// name to the map entry dialog or adds maps straight into the category editor's list.
 
 #include <QDialog>
 #include <QString>
@@ -12,8 +12,12 @@ class QLabel;
 class QLineEdit;
 class QPushButton;
 class QTreeWidget;
+class QTreeWidgetItem;
 
 namespace rd {
+
+class CardLoader;
+class MapCardPane;
 
 class frmAddMaps : public QDialog {
     Q_OBJECT
@@ -28,6 +32,8 @@ public:
     QLineEdit* txtFilter = nullptr;
     QLabel* lblMaps = nullptr;
     QTreeWidget* lvMaps = nullptr;
+    MapCardPane* fraMapCard = nullptr;
+    CardLoader* cardLoader = nullptr;
     QPushButton* cmdAdd = nullptr;
     QPushButton* cmdClose = nullptr;
 
@@ -35,6 +41,8 @@ public slots:
     void cmdAdd_Click();
     void cmdClose_Click();
     void lvMaps_DblClick();
+    // A change of the selected row: its card is read (away from the screen) and shown.
+    void lvMaps_Click();
     void lvMaps_ColumnClick(int column);
     void txtFilter_Change();
 
@@ -50,6 +58,7 @@ private:
     QLineEdit* mapNameBox_;
     QTreeWidget* categoryMaps_;
     Qt::SortOrder sortOrder_ = Qt::AscendingOrder;
+    QTreeWidgetItem* cardRow_ = nullptr; // the row whose card is shown or being read
 };
 
 } // namespace rd

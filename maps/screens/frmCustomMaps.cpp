@@ -7,8 +7,11 @@
 #include "core/screens/userfont.h"
 #include "core/steprunner.h"
 #include "maps/categories.h"
+#include "maps/mapcard.h"
+#include "maps/screens/cardloader.h"
 #include "maps/screens/frmAddMaps.h"
 #include "maps/screens/frmEditCustomMap.h"
+#include "maps/screens/mapcardpane.h"
 #include "maps/screens/maplist.h"
 
 #include <QAction>
@@ -54,6 +57,9 @@ frmCustomMaps::frmCustomMaps(std::filesystem::path root, std::string game, std::
     lblMaps->setBuddy(lvMaps);
     lvMaps->setAccessibleName(QStringLiteral("Maps:"));
 
+    fraMapCard = new MapCardPane(this);
+    cardLoader = new CardLoader(this);
+
     chkArena = new QCheckBox(QStringLiteral("This Map Category Contains Arenas"), this);
     chkArena->setObjectName(QStringLiteral("chkArena"));
 
@@ -71,9 +77,15 @@ frmCustomMaps::frmCustomMaps(std::filesystem::path root, std::string game, std::
     mnuPopupDelete = popupEntry(mnuPopup, "mnuPopupDelete", QStringLiteral("&Delete"));
     mnuPopup->setDefaultAction(mnuPopupEdit);
 
+    auto* mapList = new QVBoxLayout;
+    mapList->addWidget(lblMaps);
+    mapList->addWidget(lvMaps, 1);
+    auto* listAndCard = new QHBoxLayout;
+    listAndCard->addLayout(mapList, 3);
+    listAndCard->addWidget(fraMapCard, 2);
+
     auto* top = new QVBoxLayout(this);
-    top->addWidget(lblMaps);
-    top->addWidget(lvMaps, 1);
+    top->addLayout(listAndCard, 1);
     top->addWidget(chkArena);
     top->addLayout(buttons);
 
@@ -87,11 +99,17 @@ frmCustomMaps::frmCustomMaps(std::filesystem::path root, std::string game, std::
     connect(mnuPopupDelete, &QAction::triggered, this, &frmCustomMaps::mnuPopupDelete_Click);
     connect(lvMaps, &QTreeWidget::itemDoubleClicked, this, &frmCustomMaps::lvMaps_DblClick);
     connect(lvMaps->header(), &QHeaderView::sectionClicked, this, &frmCustomMaps::lvMaps_ColumnClick);
+    connect(lvMaps, &QTreeWidget::currentItemChanged, this, &frmCustomMaps::lvMaps_Click);
+    connect(lvMaps, &QTreeWidget::itemSelectionChanged, this, &frmCustomMaps::lvMaps_Click);
+    connect(lvMaps, &QTreeWidget::itemChanged, this, &frmCustomMaps::lvMaps_Click);
+    connect(cardLoader, &CardLoader::cardRead, fraMapCard, &MapCardPane::showResult);
     lvMaps->installEventFilter(this);
     lvMaps->viewport()->installEventFilter(this);
 
     resize(520, 420);
     Form_Load();
+    // Room for the card beside the list, in the user's font.
+    resize(size().expandedTo(sizeHint()));
 }
 
 void frmCustomMaps::Form_Load() {
@@ -187,6 +205,24 @@ void frmCustomMaps::mnuPopupMoveDown_Click() {
 
 void frmCustomMaps::lvMaps_DblClick() {
     mnuPopupEdit_Click();
+}
+
+void frmCustomMaps::lvMaps_Click() {
+    QTreeWidgetItem* selected = selectedMapRow(lvMaps);
+    const QString name = selected ? selected->text(0) : QString();
+    if (selected == cardRow_ && name == cardName_)
+        return;
+    cardRow_ = selected;
+    cardName_ = name;
+    if (!selected) {
+        cardLoader->cancel();
+        fraMapCard->showNothing();
+        return;
+    }
+    fraMapCard->showReading();
+    cardLoader->request([root = root_, game = game_, map = toBytes(name)](const std::atomic<bool>& cancel) {
+        return FindMapCard(root, game, map, &cancel);
+    });
 }
 
 void frmCustomMaps::lvMaps_ColumnClick(int column) {

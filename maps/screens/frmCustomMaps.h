@@ -1,7 +1,7 @@
 #pragma once
 // The category editor: the maps of one custom map category (map name and title, in the order the
-// launcher offers them) and whether the category holds arenas. Rows are edited in the list; the
-// file is rewritten on OK.
+// launcher offers them) and whether the category holds arenas, with the card of the selected map
+// when the game has it installed. Rows are edited in the list; the file is rewritten on OK.
 
 #include <QDialog>
 #include <QString>
@@ -14,8 +14,12 @@ class QLabel;
 class QMenu;
 class QPushButton;
 class QTreeWidget;
+class QTreeWidgetItem;
 
 namespace rd {
+
+class CardLoader;
+class MapCardPane;
 
 class frmCustomMaps : public QDialog {
     Q_OBJECT
@@ -27,6 +31,8 @@ public:
 
     QLabel* lblMaps = nullptr;
     QTreeWidget* lvMaps = nullptr;
+    MapCardPane* fraMapCard = nullptr;
+    CardLoader* cardLoader = nullptr;
     QCheckBox* chkArena = nullptr;
     QPushButton* cmdOK = nullptr;
     QPushButton* cmdCancel = nullptr;
@@ -48,6 +54,9 @@ public slots:
     void mnuPopupMoveDown_Click();
     void mnuPopupDelete_Click();
     void lvMaps_DblClick();
+    // A change of the selected row (or of its name): the map's card is looked up in the game's
+    // catalogue (away from the screen) and shown.
+    void lvMaps_Click();
     void lvMaps_ColumnClick(int column);
 
 protected:
@@ -65,6 +74,8 @@ private:
     std::string game_;
     std::string category_;
     std::filesystem::path path_;
+    QTreeWidgetItem* cardRow_ = nullptr; // the row whose card is shown or being read, and its name
+    QString cardName_;
 };
 
 } // namespace rd
