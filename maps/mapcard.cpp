@@ -2,6 +2,7 @@
 
 #include "core/text.h"
 #include "core/textfile.h"
+#include "core/winepaths.h"
 #include "core/workspace.h"
 #include "games/gamerecord.h"
 
@@ -13,16 +14,6 @@ namespace rd {
 namespace fs = std::filesystem;
 
 namespace {
-
-// The sources the catalogue gives archive rows, and the folder below the main folder each stands
-// for (the catalogue scans the main folder twice, as "Quake2" and as "CTF").
-struct ArchiveSource {
-    std::string_view title;
-    std::string_view subFolder;
-};
-constexpr ArchiveSource kArchiveSources[] = {{"Quake2", ""},       {"CTF", ""},        {"BaseQ2", "baseq2"},
-                                             {"Eraser", "eraser"}, {"CRbot", "crbot"}, {"ACE", "ace"}};
-constexpr std::string_view kLooseSource = "Custom Maps";
 
 CardResult noCard(std::string reason) {
     CardResult result;
@@ -55,9 +46,9 @@ GameFolders readGameFolders(const fs::path& root, std::string_view game) {
 } // namespace
 
 std::optional<MapLocation> LocateCatalogueMap(std::string_view mainFolderText, std::string_view mapFolderText,
-                                              const CatalogueRow& row) {
-    if (row.source == kLooseSource) {
-        const fs::path folder = pathFromData(withTrailingSeparator(mapFolderText));
+                                              const CatalogueRow& row, const WinePrefix& wine) {
+    if (row.source == kLooseMapsSource) {
+        const fs::path folder = pathFromData(withTrailingSeparator(mapFolderText), wine);
         for (const auto& file : listFiles(folder, "*.bsp"))
             if (looseMapName(file) == row.name)
                 return MapLocation{joinName(folder, file), false, 0, 0};
@@ -66,14 +57,14 @@ std::optional<MapLocation> LocateCatalogueMap(std::string_view mainFolderText, s
     if (mainFolderText.empty())
         return std::nullopt;
     const std::string mainFolder = withTrailingSeparator(mainFolderText);
-    for (const ArchiveSource& source : kArchiveSources) {
+    for (const auto& source : kCatalogueArchiveFolders) {
         const std::string_view text = row.source;
         if (text.size() <= source.title.size() || !text.starts_with(source.title) ||
             text[source.title.size()] != ' ')
             continue;
         const std::string_view archive = text.substr(source.title.size() + 1);
         const fs::path folder =
-            pathFromData(withTrailingSeparator(mainFolder + std::string(source.subFolder)));
+            pathFromData(withTrailingSeparator(mainFolder + std::string(source.subFolder)), wine);
         const fs::path path = joinName(folder, archive);
         if (const auto place = FindPakMap(path, row.name))
             return MapLocation{path, true, place->position, place->length};
@@ -98,7 +89,8 @@ CardResult CatalogueCard(const fs::path& root, std::string_view game, const Cata
         const GameFolders folders = readGameFolders(root, game);
         if (!folders.found)
             return noCard(folders.message);
-        const auto location = LocateCatalogueMap(folders.mainFolder, folders.mapFolder, row);
+        const auto location =
+            LocateCatalogueMap(folders.mainFolder, folders.mapFolder, row, findWinePrefix(root));
         if (!location)
             return noCard(kNotFoundInAnyArchive);
         result = ReadMapCard(*location, cancel);

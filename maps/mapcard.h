@@ -27,9 +27,10 @@ struct MapLocation {
 // The file of a catalogue row found with the folders of the game's record (its lines 1 and 2, as
 // stored): the archive its source names ("BaseQ2 pak0.pak": pak0.pak in the main folder's baseq2)
 // and the first entry there that gives the row's name, or, for "Custom Maps", the first loose map
-// of the map folder that does. Nothing when the row's map is not (or no longer) there.
+// of the map folder that does; drive paths resolve through the workspace's Wine prefix `wine`.
+// Nothing when the row's map is not (or no longer) there.
 std::optional<MapLocation> LocateCatalogueMap(std::string_view mainFolder, std::string_view mapFolder,
-                                              const CatalogueRow& row);
+                                              const CatalogueRow& row, const WinePrefix& wine);
 
 // The card of the map at `location` (its name is left for the caller).
 CardResult ReadMapCard(const MapLocation& location, const std::atomic<bool>* cancel = nullptr);

@@ -224,19 +224,15 @@ std::vector<CatalogueRow> CatalogueRows(std::string_view mainFolderText, std::st
     // Every archive is scanned first, so the rows are made in one piece of memory of the right
     // size.
     std::vector<ArchiveMaps> found;
-    scanArchives(mainFolder, "Quake2", found, trap, wine);
-    scanArchives(mainFolder, "CTF", found, trap, wine);
-    scanArchives(mainFolder + "baseq2", "BaseQ2", found, trap, wine);
-    scanArchives(mainFolder + "eraser", "Eraser", found, trap, wine);
-    scanArchives(mainFolder + "crbot", "CRbot", found, trap, wine);
-    scanArchives(mainFolder + "ace", "ACE", found, trap, wine);
+    for (const auto& folder : kCatalogueArchiveFolders)
+        scanArchives(mainFolder + std::string(folder.subFolder), folder.title, found, trap, wine);
     const std::vector<std::string> looseFiles = listFiles(pathFromData(mapFolder, wine), "*.bsp");
 
     std::vector<CatalogueRow> rows;
     rows.reserve(mapCount(found) + looseFiles.size());
     appendRows(found, rows);
     for (const auto& file : looseFiles)
-        rows.push_back(CatalogueRow{looseMapName(file), "Custom Maps"});
+        rows.push_back(CatalogueRow{looseMapName(file), std::string(kLooseMapsSource)});
     return rows;
 }
 

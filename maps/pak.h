@@ -38,6 +38,19 @@ inline constexpr const char* kAddPakTrapTitle = "Adding a Bot - AddPak";
 void AddPak(std::string_view folder, std::string_view title, std::vector<CatalogueRow>& rows,
             StepRunner& trap, const WinePrefix& wine);
 
+// The folders whose archives the catalogue scans, in its order: the title a row's source begins
+// with, and the folder below the game's main folder ("" for the main folder itself, which is
+// scanned twice).
+struct CatalogueArchiveFolder {
+    std::string_view title;
+    std::string_view subFolder;
+};
+inline constexpr CatalogueArchiveFolder kCatalogueArchiveFolders[] = {
+    {"Quake2", ""},       {"CTF", ""},        {"BaseQ2", "baseq2"},
+    {"Eraser", "eraser"}, {"CRbot", "crbot"}, {"ACE", "ace"}};
+// The source of the rows of loose maps.
+inline constexpr std::string_view kLooseMapsSource = "Custom Maps";
+
 // The catalogue of a game's installed maps: the archives of the main folder (twice, as "Quake2"
 // and "CTF"), of its baseq2, eraser, crbot and ace sub-folders, then the loose *.bsp files of the
 // map folder as "Custom Maps".

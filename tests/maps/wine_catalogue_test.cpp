@@ -1,7 +1,9 @@
 // The installed-maps catalogue of a launcher installed under Wine: its records hold drive paths
 // (C:\quake2\), which resolve through the prefix's dosdevices links.
 
+#include "maps/mapcard.h"
 #include "maps/pak.h"
+#include "tests/support/bsp_writer_data.h"
 #include "tests/support/pak_writer_data.h"
 #include "tests/support/wine_data.h"
 
@@ -70,6 +72,29 @@ TEST(WineCatalogue, ADriveThePrefixDoesNotMapListsNothing) {
     EXPECT_TRUE(catalogue.recordFound);
     EXPECT_TRUE(catalogue.rows.empty());
     EXPECT_TRUE(errors.empty());
+}
+
+// A small map titled `title`.
+std::string mapTitled(const std::string& title) {
+    rd::test::BspBuilder builder;
+    builder.addRoom(0, 0, 128, 128, 0, 96);
+    return rd::test::buildBsp(
+        builder.build(rd::test::entityText({{{"classname", "worldspawn"}, {"message", title}}})));
+}
+
+TEST(WineCatalogue, TheCardOfAMapBehindADriveCRecordIsReadFromItsArchiveAndItsFolder) {
+    Installation q2;
+    q2.write("Quake2/BaseQ2/PAK0.PAK", buildPak({{"maps/q2dm1.bsp", mapTitled("The Edge")}}));
+    q2.write("Quake2/BaseQ2/Maps/Arena.bsp", mapTitled("Loose Arena"));
+    q2.record("C:\\quake2\\", "C:\\quake2\\baseq2\\maps\\");
+    const CardResult packed = FindMapCard(q2.root(), "Quake2", "Q2DM1");
+    ASSERT_TRUE(packed.ok()) << packed.reason;
+    EXPECT_EQ(packed.card.title, "The Edge");
+    const CardResult loose = CatalogueCard(q2.root(), "Quake2", {"Arena", "Custom Maps"});
+    ASSERT_TRUE(loose.ok()) << loose.reason;
+    EXPECT_EQ(loose.card.title, "Loose Arena");
+    q2.record("D:\\quake2\\", "D:\\quake2\\baseq2\\maps\\");
+    EXPECT_EQ(CatalogueCard(q2.root(), "Quake2", {"Arena", "Custom Maps"}).reason, kNotFoundInAnyArchive);
 }
 
 #endif
