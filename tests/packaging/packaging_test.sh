@@ -54,6 +54,7 @@ deb)
     done
     depends=$(dpkg-deb -f "$deb" Depends)
     grep -q 'libqt6widgets6' <<<"$depends" || fail "the package does not depend on Qt Widgets: $depends"
+    grep -q 'libqt6svg6' <<<"$depends" || fail "the package does not depend on Qt's SVG plug-ins (the icon): $depends"
     dpkg-deb -x "$deb" "$scratch/root"
     "$scratch/root/usr/bin/rosterdesk-cli" --help >/dev/null || fail "packaged rosterdesk-cli --help"
     starts "$scratch/root/usr/bin/rosterdesk"
