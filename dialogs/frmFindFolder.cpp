@@ -69,7 +69,10 @@ frmFindFolder::frmFindFolder(const QString& startFolder, QWidget* owner) : QDial
     }
 
     model_ = new QFileSystemModel(this);
-    model_->setFilter(QDir::AllDirs | QDir::Drives | QDir::Hidden | QDir::NoDotAndDotDot);
+    // Hidden folders (names beginning with "." on Linux, the hidden attribute on Windows) are not
+    // listed; a folder the picker is asked to open is shown even inside one (a Wine prefix in
+    // ~/.wine): the model lists the way to a folder it is asked for.
+    model_->setFilter(QDir::AllDirs | QDir::Drives | QDir::NoDotAndDotDot);
     model_->setReadOnly(true);
 
     Dir1 = new QTreeView(this);
