@@ -1,6 +1,7 @@
 #include "dialogs/frmFindFolder.h"
 
 #include "core/screens/controls.h"
+#include "core/screens/screensize.h"
 #include "core/screens/userfont.h"
 
 #include <QComboBox>
@@ -126,8 +127,7 @@ frmFindFolder::frmFindFolder(const QString& startFolder, QWidget* owner) : QDial
             openAt(start);
     }
 
-    const QFontMetrics metrics(font());
-    resize(metrics.averageCharWidth() * 50, metrics.lineSpacing() * 22);
+    openAtTextSize(this, 64, 24);
 }
 
 QString frmFindFolder::selectedDrive() const {

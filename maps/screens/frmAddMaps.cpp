@@ -4,6 +4,7 @@
 #include "core/screens/errortrap.h"
 #include "core/screens/prompts.h"
 #include "core/screens/qtext.h"
+#include "core/screens/screensize.h"
 #include "core/screens/userfont.h"
 #include "maps/pak.h"
 #include "maps/screens/maplist.h"
@@ -75,7 +76,7 @@ frmAddMaps::frmAddMaps(std::filesystem::path root, std::string game, bool pickOn
     connect(txtFilter, &QLineEdit::textChanged, this, &frmAddMaps::txtFilter_Change);
     lvMaps->installEventFilter(this);
 
-    resize(480, 460);
+    openAtTextSize(this, 80, 33);
     Form_Load();
 }
 
@@ -109,6 +110,7 @@ void frmAddMaps::Form_Load() {
     lvMaps->setUpdatesEnabled(false);
     lvMaps->addTopLevelItems(rows);
     lvMaps->setUpdatesEnabled(true);
+    fitColumnsToContent(lvMaps);
 }
 
 void frmAddMaps::cmdAdd_Click() {

@@ -4,6 +4,7 @@
 #include "core/screens/errortrap.h"
 #include "core/screens/listhelpers.h"
 #include "core/screens/qtext.h"
+#include "core/screens/screensize.h"
 #include "core/screens/userfont.h"
 #include "core/steprunner.h"
 #include "maps/categories.h"
@@ -53,6 +54,9 @@ frmCustomMaps::frmCustomMaps(std::filesystem::path root, std::string game, std::
     lvMaps->setContextMenuPolicy(Qt::PreventContextMenu);
     lblMaps->setBuddy(lvMaps);
     lvMaps->setAccessibleName(QStringLiteral("Maps:"));
+    // This list's rows move with the popup menu only.
+    lvMaps->setToolTip(QStringLiteral("Right-click for commands, Get Installed Maps... among them. Insert "
+                                      "adds, Delete removes, Enter edits."));
 
     chkArena = new QCheckBox(QStringLiteral("This Map Category Contains Arenas"), this);
     chkArena->setObjectName(QStringLiteral("chkArena"));
@@ -90,7 +94,7 @@ frmCustomMaps::frmCustomMaps(std::filesystem::path root, std::string game, std::
     lvMaps->installEventFilter(this);
     lvMaps->viewport()->installEventFilter(this);
 
-    resize(520, 420);
+    openAtTextSize(this, 86, 30);
     Form_Load();
 }
 
@@ -106,6 +110,7 @@ void frmCustomMaps::Form_Load() {
     lvMaps->setUpdatesEnabled(false);
     lvMaps->addTopLevelItems(rows);
     lvMaps->setUpdatesEnabled(true);
+    fitColumnsToContent(lvMaps);
     chkArena->setChecked(category.arena);
 }
 
