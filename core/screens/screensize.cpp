@@ -9,6 +9,7 @@
 #include <QLayout>
 #include <QLineEdit>
 #include <QScreen>
+#include <QStackedWidget>
 #include <QStyle>
 #include <QTreeView>
 #include <QWidget>
@@ -94,12 +95,26 @@ private:
             screen->resize(size);
             if (QLayout* layout = screen->layout())
                 layout->activate();
+            // The pages of tabs not shown are laid out as the page shown, so that their controls
+            // can be measured too.
+            for (QStackedWidget* pages : screen->findChildren<QStackedWidget*>()) {
+                const QWidget* shown = pages->currentWidget();
+                for (int i = 0; shown && i < pages->count(); ++i) {
+                    QWidget* page = pages->widget(i);
+                    if (page == shown)
+                        continue;
+                    page->setGeometry(shown->geometry());
+                    if (QLayout* layout = page->layout())
+                        layout->activate();
+                }
+            }
         };
         place();
 
+        // Controls on any page count, unless they are hidden themselves.
         int missing = 0;
         for (const QWidget* control : screen->findChildren<QWidget*>())
-            if (control->isVisibleTo(screen))
+            if (!control->isHidden())
                 missing = std::max(missing, missingWidth(control));
         if (missing > 0) {
             size.rwidth() += missing;

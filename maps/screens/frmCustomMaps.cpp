@@ -54,9 +54,9 @@ frmCustomMaps::frmCustomMaps(std::filesystem::path root, std::string game, std::
     lvMaps->setContextMenuPolicy(Qt::PreventContextMenu);
     lblMaps->setBuddy(lvMaps);
     lvMaps->setAccessibleName(QStringLiteral("Maps:"));
-    // This list's rows move with the popup menu only.
-    lvMaps->setToolTip(QStringLiteral("Right-click for commands, Get Installed Maps... among them. Insert "
-                                      "adds, Delete removes, Enter edits."));
+    lvMaps->setToolTip(
+        QStringLiteral("Right-click for commands, Get Installed Maps... among them. Insert adds, "
+                       "Delete removes, Enter edits, Ctrl+U / Ctrl+D move."));
 
     chkArena = new QCheckBox(QStringLiteral("This Map Category Contains Arenas"), this);
     chkArena->setObjectName(QStringLiteral("chkArena"));

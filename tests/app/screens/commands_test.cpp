@@ -39,7 +39,7 @@ TEST(ListsWithPopupMenus, EachListNamesItsCommandsInItsTooltip) {
         {"frmCustomMaps",
          {"lvMaps",
           "Right-click for commands, Get Installed Maps... among them. Insert adds, Delete removes, "
-          "Enter edits."}},
+          "Enter edits, Ctrl+U / Ctrl+D move."}},
     };
     DemoCopy demo;
     PromptRecorder prompts;
