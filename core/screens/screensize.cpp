@@ -25,6 +25,8 @@ namespace {
 constexpr const char* kWantedWidth = "rdWantedWidth";
 // Marks a field whose whole text the screen should show.
 constexpr const char* kWholeText = "rdShowWholeText";
+// How many rows of a list are measured for its columns' widths.
+constexpr int kRowsMeasured = 100;
 
 // The last column of a view that is shown, or -1.
 int lastShownSection(const QHeaderView* header) {
@@ -159,6 +161,9 @@ void fitColumnsToContent(QTreeView* view, int maxChars) {
     // The header's own least width is the widest letter of the font, often wider than a short
     // caption ("Key"), and the stretched last column never gets narrower than it.
     header->setMinimumSectionSize(3 * header->fontMetrics().averageCharWidth());
+    // The rows a list shows when it opens, and more, are measured; not every row of a long list.
+    const int precision = header->resizeContentsPrecision();
+    header->setResizeContentsPrecision(kRowsMeasured);
     int total = 0;
     for (int section = 0; section < header->count(); ++section) {
         if (header->isSectionHidden(section))
@@ -172,6 +177,7 @@ void fitColumnsToContent(QTreeView* view, int maxChars) {
         header->resizeSection(section, section == last && header->stretchLastSection() ? caption : width);
         total += width;
     }
+    header->setResizeContentsPrecision(precision);
     view->setProperty(kWantedWidth, total + viewChrome(view));
 }
 

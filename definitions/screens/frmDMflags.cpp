@@ -113,7 +113,7 @@ void frmDMflags::Form_Load() {
     trap.step([&] { rows = LoadDMflags(path_); });
 
     fillDefinitionRows(lvFlags, rows, kFlagName, categoryIcon_, setFlagRow);
-    fitColumnsToContent(lvFlags, 30);
+    fitColumnsToContent(lvFlags, 45);
 }
 
 void frmDMflags::mnuPopupEdit_Click() {
