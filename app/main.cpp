@@ -10,14 +10,16 @@
 //   ROSTERDESK_CHOOSE_FOLDER=1    ask for the launcher's folder first (the desktop action "Choose
 //                                 Launcher Folder…");
 //   ROSTERDESK_SCREENSHOT=<file>  save a picture of the first screen, then quit;
-//   ROSTERDESK_REPORT_START=1     print the workspace and how it was found, the start-up decision
-//                                 and the first screen, then quit;
+//   ROSTERDESK_REPORT_START=1     print the workspace and how it was found, the start-up decision,
+//                                 the first screen and how the desktop knows the program (desktop
+//                                 entry, icon), then quit;
 //   ROSTERDESK_PROMPTS=print      print every message box and input box instead of showing it and
 //                                 answer it from a script, so a test can run the program to its
 //                                 end (core/screens/scriptedprompts.h); the first-start window is
 //                                 then asked as an input box.
 
 #include "core/screens/help.h"
+#include "core/screens/programidentity.h"
 #include "core/screens/qtext.h"
 #include "core/screens/scriptedprompts.h"
 #include "core/screens/userfont.h"
@@ -31,6 +33,8 @@
 #include "profiles/screens/frmMain.h"
 
 #include <QApplication>
+#include <QIcon>
+#include <QImage>
 #include <QPixmap>
 #include <QPointer>
 #include <QSettings>
@@ -70,6 +74,7 @@ int main(int argc, char** argv) {
     // The settings (the launcher's folder, remembered) live under these names.
     QApplication::setOrganizationName(QStringLiteral("RosterDesk"));
     QApplication::setApplicationName(QStringLiteral("RosterDesk"));
+    rd::setProgramIdentity(&app);
 
     const rd::StartupDecision decision = rd::decideStartup(commandLine);
     rd::setUserFont(rd::UserFont{decision.fontSize, decision.fontName});
@@ -99,6 +104,14 @@ int main(int argc, char** argv) {
                         rd::rootSourceName(workspace->source), rd::firstScreenName(decision.screen),
                         rd::cp1252ToUtf8(decision.argument).c_str(), firstName.toUtf8().constData(),
                         decision.fontSize, rd::cp1252ToUtf8(decision.fontName).c_str());
+            // The window icon as drawn at 32 pixels ("none" when there is none to draw).
+            const QImage icon = QApplication::windowIcon().pixmap(32, 32).toImage();
+            std::printf(
+                "desktopFileName=%s\nwindowIcon=%s\n",
+                QGuiApplication::desktopFileName().toUtf8().constData(),
+                icon.isNull()
+                    ? "none"
+                    : QStringLiteral("%1x%2").arg(icon.width()).arg(icon.height()).toUtf8().constData());
             std::fflush(stdout);
             QApplication::quit();
         });

@@ -2,6 +2,7 @@
 
 #include "core/screens/controls.h"
 #include "core/screens/qtext.h"
+#include "core/screens/screensize.h"
 #include "core/screens/userfont.h"
 #include "core/workspace.h"
 
@@ -66,7 +67,10 @@ frmFindFolder::frmFindFolder(const QString& startFolder, QWidget* owner, const W
         addVolumes();
 
     model_ = new QFileSystemModel(this);
-    model_->setFilter(QDir::AllDirs | QDir::Drives | QDir::Hidden | QDir::NoDotAndDotDot);
+    // Hidden folders (names beginning with "." on Linux, the hidden attribute on Windows) are not
+    // listed; a folder the picker is asked to open is shown even inside one (a Wine prefix in
+    // ~/.wine): the model lists the way to a folder it is asked for.
+    model_->setFilter(QDir::AllDirs | QDir::Drives | QDir::NoDotAndDotDot);
     model_->setReadOnly(true);
 
     Dir1 = new QTreeView(this);
@@ -120,8 +124,7 @@ frmFindFolder::frmFindFolder(const QString& startFolder, QWidget* owner, const W
             openAt(start);
     }
 
-    const QFontMetrics metrics(font());
-    resize(metrics.averageCharWidth() * 50, metrics.lineSpacing() * 22);
+    openAtTextSize(this, 64, 24);
 }
 
 bool frmFindFolder::addWineDrives() {

@@ -8,12 +8,15 @@
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QLayout>
 #include <QMouseEvent>
 #include <QPushButton>
 #include <QScreen>
 #include <QTimer>
 #include <QVBoxLayout>
+#include <algorithm>
 #include <cmath>
+#include <initializer_list>
 
 namespace rd {
 
@@ -33,6 +36,19 @@ void setPointSize(QLabel* label, int size, bool bold) {
     font.setPointSize(size);
     font.setBold(bold);
     label->setFont(font);
+}
+
+// Letters of different sizes on one line stand on one baseline: the labels sit on the line's
+// bottom, and each label gives the room below its letters that the largest letters need below
+// their baseline.
+void standOnOneBaseline(std::initializer_list<QLabel*> labels) {
+    int deepest = 0;
+    for (QLabel* label : labels)
+        deepest = std::max(deepest, label->fontMetrics().descent());
+    for (QLabel* label : labels) {
+        label->setAlignment(Qt::AlignLeft | Qt::AlignBottom);
+        label->setContentsMargins(0, 0, 0, deepest - label->fontMetrics().descent());
+    }
 }
 
 } // namespace
@@ -108,6 +124,8 @@ frmRDabout::frmRDabout(QWidget* owner) : QDialog(owner), timer_(new QTimer(this)
     timer_->setInterval(kFrameMs);
 
     applyUserFont(this);
+    standOnOneBaseline({lblLogoR, lblLogoOster, lblLogoD, lblLogoEsk});
+    standOnOneBaseline({lblVersionV, lblVersion});
 
     lblVersion->setText(aboutVersionText(kVersionMajor, kVersionMinor, kVersionRevision));
     lblInfo->setText(QStringLiteral("For full credits and all the usual crap  ") + QStringLiteral("\r\n") +
@@ -136,8 +154,16 @@ double frmRDabout::twipsPerPixelY() const {
 }
 
 QSize frmRDabout::fullSize() const {
-    return QSize(static_cast<int>(std::lround(kAboutWidthTwips / twipsPerPixelX())),
-                 static_cast<int>(std::lround(kAboutHeightTwips / twipsPerPixelY())));
+    QSize full(static_cast<int>(std::lround(kAboutWidthTwips / twipsPerPixelX())),
+               static_cast<int>(std::lround(kAboutHeightTwips / twipsPerPixelY())));
+    // A large user font may need more room than that: the box then grows to what its texts need.
+    if (const QLayout* box = layout()) {
+        full.setWidth(std::max(full.width(), box->totalMinimumSize().width()));
+        const int needed = box->hasHeightForWidth() ? box->totalHeightForWidth(full.width())
+                                                    : box->totalMinimumSize().height();
+        full.setHeight(std::max(full.height(), needed));
+    }
+    return full;
 }
 
 bool frmRDabout::animating() const {
@@ -170,7 +196,10 @@ void frmRDabout::showEvent(QShowEvent* event) {
 void frmRDabout::startOpening() {
     if (closing_)
         return;
-    play(growFrames(toTwips(geometry()), kAboutWidthTwips, kAboutHeightTwips));
+    // The design's size, unless the texts need more room (see fullSize).
+    const QSize full = fullSize();
+    play(growFrames(toTwips(geometry()), std::max(kAboutWidthTwips, full.width() * twipsPerPixelX()),
+                    std::max(kAboutHeightTwips, full.height() * twipsPerPixelY())));
 }
 
 void frmRDabout::play(std::vector<TwipRect> frames) {

@@ -40,7 +40,8 @@ public:
     // Twips per pixel of the screen the box is on (horizontal, vertical).
     double twipsPerPixelX() const;
     double twipsPerPixelY() const;
-    // The full size of the box in pixels (6555 x 4680 twips at the screen's resolution).
+    // The full size of the box in pixels: 6555 x 4680 twips at the screen's resolution, or larger
+    // where a large user font needs more room for the box's texts.
     QSize fullSize() const;
     // Whether an opening or closing animation is under way.
     bool animating() const;

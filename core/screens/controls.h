@@ -10,8 +10,9 @@ class QWidget;
 
 namespace rd {
 
-// A push button with its caption, named `name`. It does not become the default button when it
-// gets the focus, so Enter in a list or text box is left to that control.
+// A push button with its caption, named `name`, with room around its caption (a line's height on
+// either side, at least). It does not become the default button when it gets the focus, so Enter
+// in a list or text box is left to that control.
 QPushButton* makeButton(QWidget* parent, const char* name, const QString& caption, bool enabled = true);
 
 // The row of a dialog's closing buttons, at its bottom right: cmdOK "&OK" and cmdCancel

@@ -3,6 +3,7 @@
 #include "core/screens/controls.h"
 
 #include "core/replaceall.h"
+#include "core/screens/screensize.h"
 #include "core/screens/userfont.h"
 
 #include <QFontInfo>
@@ -84,8 +85,7 @@ frmZoom::frmZoom(const QString& text, bool multiLineMode, QWidget* ownerScreen)
     txtText->moveCursor(QTextCursor::End);
     txtText->setFocus();
 
-    const QFontMetrics metrics(txtText->font());
-    resize(metrics.averageCharWidth() * 72, metrics.lineSpacing() * 16);
+    openAtTextSize(this, 72, 16);
 }
 
 void frmZoom::cmdOK_Click() {

@@ -2,17 +2,25 @@
 
 #include "core/screens/controls.h"
 #include "core/screens/prompts.h"
+#include "core/screens/screensize.h"
 #include "core/screens/userfont.h"
 #include "core/workspace.h"
 
 #include <QApplication>
 #include <QFile>
 #include <QHBoxLayout>
+#include <QImage>
 #include <QKeyEvent>
+#include <QPixmap>
 #include <QPushButton>
+#include <QTextBlock>
 #include <QTextBrowser>
+#include <QTextCursor>
+#include <QTextDocument>
 #include <QUrl>
 #include <QVBoxLayout>
+#include <algorithm>
+#include <cmath>
 
 namespace rd {
 
@@ -44,6 +52,76 @@ protected:
 QString pageOfUrl(const QUrl& url) {
     return url.fileName();
 }
+
+// The size a picture of the page has of its own (device-independent pixels), or an empty size.
+QSize naturalSize(QTextBrowser* page, const QString& name) {
+    QTextDocument* document = page->document();
+    QVariant picture = document->resource(QTextDocument::ImageResource, QUrl(name));
+    if (!picture.isValid())
+        picture = page->loadResource(QTextDocument::ImageResource, document->baseUrl().resolved(QUrl(name)));
+    if (picture.canConvert<QImage>()) {
+        const QImage image = picture.value<QImage>();
+        return (QSizeF(image.size()) / image.devicePixelRatio()).toSize();
+    }
+    if (picture.canConvert<QPixmap>()) {
+        const QPixmap pixmap = picture.value<QPixmap>();
+        return (QSizeF(pixmap.size()) / pixmap.devicePixelRatio()).toSize();
+    }
+    return QSize();
+}
+
+// Pictures wider than the window are shown scaled down to its width (keeping their proportions);
+// the others at their own size.
+void fitPicturesToWidth(QTextBrowser* page) {
+    QTextDocument* document = page->document();
+    const int room =
+        page->viewport()->width() - 2 * static_cast<int>(std::ceil(document->documentMargin())) - 2;
+    if (room <= 0)
+        return;
+    QTextCursor cursor(document);
+    for (QTextBlock block = document->begin(); block.isValid(); block = block.next()) {
+        for (auto it = block.begin(); !it.atEnd(); ++it) {
+            const QTextFragment fragment = it.fragment();
+            if (!fragment.isValid() || !fragment.charFormat().isImageFormat())
+                continue;
+            QTextImageFormat picture = fragment.charFormat().toImageFormat();
+            const QSize natural = naturalSize(page, picture.name());
+            if (natural.isEmpty())
+                continue;
+            const double width = std::min(natural.width(), room);
+            const double height = natural.height() * width / natural.width();
+            if (picture.width() == width && picture.height() == height)
+                continue;
+            picture.setWidth(width);
+            picture.setHeight(height);
+            cursor.setPosition(fragment.position());
+            cursor.setPosition(fragment.position() + fragment.length(), QTextCursor::KeepAnchor);
+            cursor.setCharFormat(picture);
+        }
+    }
+}
+
+// Fits the page's pictures again whenever the window's width changes.
+class PictureFitter : public QObject {
+public:
+    explicit PictureFitter(QTextBrowser* page) : QObject(page), page_(page), width_(-1) {}
+
+    void fit() {
+        width_ = page_->viewport()->width();
+        fitPicturesToWidth(page_);
+    }
+
+protected:
+    bool eventFilter(QObject*, QEvent* event) override {
+        if (event->type() == QEvent::Resize && page_->viewport()->width() != width_)
+            fit();
+        return false;
+    }
+
+private:
+    QTextBrowser* page_;
+    int width_;
+};
 
 } // namespace
 
@@ -98,6 +176,8 @@ frmHelp::frmHelp(QWidget* owner) : QDialog(owner) {
     txtPage->setAccessibleName(QStringLiteral("Help page"));
     txtPage->setOpenExternalLinks(true);
     txtPage->setSearchPaths({QStringLiteral(":/guide")});
+    auto* pictures = new PictureFitter(txtPage);
+    txtPage->viewport()->installEventFilter(pictures);
 
     cmdBack = makeButton(this, "cmdBack", QStringLiteral("&Back"), false);
     cmdForward = makeButton(this, "cmdForward", QStringLiteral("&Forward"), false);
@@ -121,13 +201,14 @@ frmHelp::frmHelp(QWidget* owner) : QDialog(owner) {
     connect(cmdClose, &QPushButton::clicked, this, &QDialog::close);
     connect(txtPage, &QTextBrowser::backwardAvailable, cmdBack, &QPushButton::setEnabled);
     connect(txtPage, &QTextBrowser::forwardAvailable, cmdForward, &QPushButton::setEnabled);
-    connect(txtPage, &QTextBrowser::sourceChanged, this, [this] {
+    connect(txtPage, &QTextBrowser::sourceChanged, this, [this, pictures] {
+        pictures->fit();
         const QString title = txtPage->documentTitle();
         setWindowTitle(title.isEmpty() ? QStringLiteral("RosterDesk Help")
                                        : QStringLiteral("RosterDesk Help - ") + title);
     });
 
-    resize(720, 560);
+    openAtTextSize(this, 120, 40);
     applyUserFont(this);
 }
 

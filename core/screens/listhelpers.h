@@ -38,6 +38,11 @@ inline constexpr int kSmallIconRole = Qt::UserRole + 1;
 inline constexpr int kIconRole = Qt::UserRole + 2;
 inline constexpr int kSelectedImageRole = Qt::UserRole + 3;
 
+// The tooltip of a list whose commands live in its popup menu and on keys, so that a user finds
+// them.
+inline const QString kListCommandsTip = QStringLiteral(
+    "Right-click for commands. Insert adds, Delete removes, Enter edits, Ctrl+U / Ctrl+D move.");
+
 // Gives a list-view row (or tree node) a small icon: the picture shown and its image-list index.
 void setSmallIcon(QTreeWidgetItem* item, int index, const QIcon& icon);
 // The small-icon index of a list-view row (0 when it has none).

@@ -1,6 +1,9 @@
 #include "core/screens/shorttext.h"
 
 #include <QAbstractItemView>
+#include <QLabel>
+#include <QPainter>
+#include <QStyle>
 #include <QStyledItemDelegate>
 
 namespace rd {
@@ -19,7 +22,38 @@ protected:
     }
 };
 
+class PathLabel : public QLabel {
+public:
+    using QLabel::QLabel;
+
+    bool tooNarrow() const { return fontMetrics().horizontalAdvance(text()) > contentsRect().width(); }
+
+protected:
+    void paintEvent(QPaintEvent* event) override {
+        if (!tooNarrow()) {
+            QLabel::paintEvent(event);
+            return;
+        }
+        QPainter painter(this);
+        const QRect room = contentsRect();
+        const QString shown = fontMetrics().elidedText(text(), Qt::ElideMiddle, room.width());
+        style()->drawItemText(&painter, room, QStyle::visualAlignment(layoutDirection(), alignment()),
+                              palette(), isEnabled(), shown, foregroundRole());
+    }
+};
+
 } // namespace
+
+QLabel* makePathLabel(QWidget* parent) {
+    auto* label = new PathLabel(parent);
+    label->setTextFormat(Qt::PlainText);
+    return label;
+}
+
+bool showsShortened(const QLabel* label) {
+    const auto* path = dynamic_cast<const PathLabel*>(label);
+    return path && path->tooNarrow();
+}
 
 QString shownText(const QString& text) {
     if (text.size() <= kShownTextLength)

@@ -7,6 +7,8 @@
 #include <QString>
 
 class QAbstractItemView;
+class QLabel;
+class QWidget;
 
 namespace rd {
 
@@ -18,5 +20,11 @@ QString shownText(const QString& text);
 
 // Gives `view` an item delegate that draws and measures every entry by its shown text.
 void showLongTextsShortened(QAbstractItemView* view);
+
+// A label for a file's path: when the label is too narrow for the whole path, it shows the path
+// shortened in the middle ("/home/…/Options.cfg"); its text stays the whole path.
+QLabel* makePathLabel(QWidget* parent);
+// Whether `label` is a path label too narrow for its text, and so shows it shortened.
+bool showsShortened(const QLabel* label);
 
 } // namespace rd

@@ -3,6 +3,7 @@
 #include "core/screens/controls.h"
 #include "core/screens/prompts.h"
 #include "core/screens/qtext.h"
+#include "core/screens/screensize.h"
 #include "core/screens/userfont.h"
 #include "core/workspace.h"
 #include "definitions/lists.h"
@@ -53,7 +54,7 @@ frmChooseList::frmChooseList(std::filesystem::path root, std::string gameName, b
     connect(cmdOK, &QPushButton::clicked, this, &frmChooseList::cmdOK_Click);
     connect(cmdCancel, &QPushButton::clicked, this, &frmChooseList::cmdCancel_Click);
 
-    resize(380, 300);
+    openAtTextSize(this, 63, 21);
     Form_Load();
 }
 

@@ -5,6 +5,7 @@
 #include "core/screens/listhelpers.h"
 #include "core/screens/prompts.h"
 #include "core/screens/qtext.h"
+#include "core/screens/screensize.h"
 #include "core/screens/userfont.h"
 #include "core/steprunner.h"
 #include "definitions/screens/frmEditDMflag.h"
@@ -68,9 +69,7 @@ frmDMflags::frmDMflags(std::filesystem::path path, QWidget* parent)
                              {QStringLiteral("Name"), QStringLiteral("Checked"), QStringLiteral("Unchecked"),
                               QStringLiteral("Bitmap"), QStringLiteral("Help")});
     lvFlags->setAccessibleName(QStringLiteral("Deathmatch flags"));
-    const int widths[kFlagColumnCount] = {190, 80, 80, 90, 260};
-    for (int column = 0; column < kFlagColumnCount; ++column)
-        lvFlags->header()->resizeSection(column, widths[column]);
+    lvFlags->setToolTip(kListCommandsTip);
 
     QHBoxLayout* buttons = okCancelRow(this, cmdOK, cmdCancel);
     auto* layout = new QVBoxLayout(this);
@@ -101,7 +100,7 @@ frmDMflags::frmDMflags(std::filesystem::path path, QWidget* parent)
                       [this] { mnuPopupEdit_Click(); }});
     giveMoveKeys(lvFlags);
 
-    resize(760, 460);
+    openAtTextSize(this, 90, 32);
     Form_Load();
 }
 
@@ -114,6 +113,7 @@ void frmDMflags::Form_Load() {
     trap.step([&] { rows = LoadDMflags(path_); });
 
     fillDefinitionRows(lvFlags, rows, kFlagName, categoryIcon_, setFlagRow);
+    fitColumnsToContent(lvFlags, 45);
 }
 
 void frmDMflags::mnuPopupEdit_Click() {

@@ -4,6 +4,7 @@
 #include "core/screens/errortrap.h"
 #include "core/screens/listhelpers.h"
 #include "core/screens/qtext.h"
+#include "core/screens/screensize.h"
 #include "core/screens/userfont.h"
 #include "core/steprunner.h"
 #include "core/workspace.h"
@@ -53,7 +54,7 @@ frmEditList::frmEditList(std::filesystem::path folder, std::string fileName, boo
 
     lvList = makeReportView(this, "lvList", {QStringLiteral("Item"), QStringLiteral("Value")});
     lvList->setAccessibleName(QStringLiteral("List items"));
-    lvList->header()->resizeSection(0, 200);
+    lvList->setToolTip(kListCommandsTip);
 
     QHBoxLayout* buttons = okCancelRow(this, cmdOK, cmdCancel);
     auto* layout = new QVBoxLayout(this);
@@ -94,7 +95,7 @@ frmEditList::frmEditList(std::filesystem::path folder, std::string fileName, boo
                       [this] { mnuPopupedit_Click(); }});
     giveMoveKeys(lvList);
 
-    resize(420, 360);
+    openAtTextSize(this, 70, 26);
     Form_Load();
 }
 
@@ -124,6 +125,7 @@ void frmEditList::Form_Load() {
     lvList->setUpdatesEnabled(false);
     lvList->addTopLevelItems(rows);
     lvList->setUpdatesEnabled(true);
+    fitColumnsToContent(lvList);
 }
 
 void frmEditList::mnuPopupedit_Click() {

@@ -4,6 +4,7 @@
 #include "core/screens/controls.h"
 #include "core/screens/prompts.h"
 #include "core/screens/qtext.h"
+#include "core/screens/screensize.h"
 #include "core/screens/userfont.h"
 #include "core/screens/zoomtextbox.h"
 #include "core/text.h"
@@ -41,16 +42,6 @@ QLineEdit* makeTextBox(QWidget* parent, const char* name, const QString& tip) {
 }
 
 // The type index a row's Type text selects: numeric and within the list, else none.
-int typeIndexOf(const QString& text) {
-    const std::string bytes = toBytes(text);
-    if (!isNumeric(bytes))
-        return -1;
-    const double value = roundHalfEven(leadingValue(trim(bytes)));
-    if (value < 0 || value >= static_cast<double>(kOptionTypeCount))
-        return -1;
-    return static_cast<int>(value);
-}
-
 int whereIndexOf(const QString& text) {
     const std::string bytes = toBytes(text);
     if (!isNumeric(bytes))
@@ -189,7 +180,7 @@ frmEditOption::frmEditOption(QTreeWidget* list, bool newRow, int index, std::str
     giveZoomKey(txtHelp, QStringLiteral("Help Text"));
     giveZoomKey(txtParameter, std::function<QString()>([this] { return lblParameter->text(); }));
 
-    resize(560, sizeHint().height());
+    openAtTextSize(this, 93, 0);
     Form_Load();
 }
 
@@ -213,7 +204,7 @@ void frmEditOption::Form_Load() {
         txtHelp->setText(item->text(kOptHelpText));
         txtKey->setText(item->text(kOptKey));
         originalType_ = item->text(kOptType);
-        cboType->setCurrentIndex(typeIndexOf(originalType_));
+        cboType->setCurrentIndex(optionTypeIndex(originalType_));
         txtParameter->setText(item->text(kOptParameter));
         originalWhere_ = item->text(kOptWhere);
         if (const int where = whereIndexOf(originalWhere_); where >= 0)
@@ -438,6 +429,7 @@ void frmEditOption::cmdOK_Click() {
     item->setText(kOptHelpText, txtHelp->text());
     item->setText(kOptType,
                   cboType->currentIndex() >= 0 ? QString::number(cboType->currentIndex()) : originalType_);
+    setOptionTypeTip(item);
     item->setText(kOptParameter, txtParameter->text());
     item->setText(kOptKey, txtKey->text());
     const int where = whereGroup_->checkedId();

@@ -3,6 +3,7 @@
 #include "core/screens/controls.h"
 #include "core/screens/errortrap.h"
 #include "core/screens/qtext.h"
+#include "core/screens/screensize.h"
 #include "core/screens/userfont.h"
 #include "core/steprunner.h"
 #include "core/workspace.h"
@@ -77,7 +78,7 @@ frmEditing::frmEditing(std::filesystem::path root, QWidget* parent)
     connect(cmdDMflag, &QPushButton::clicked, this, &frmEditing::cmdDMflag_Click);
     connect(cmdClose, &QPushButton::clicked, this, &frmEditing::cmdClose_Click);
 
-    resize(460, 380);
+    openAtTextSize(this, 76, 27);
     Form_Load();
 }
 

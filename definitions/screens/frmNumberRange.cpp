@@ -3,6 +3,7 @@
 #include "core/conversions.h"
 #include "core/screens/controls.h"
 #include "core/screens/qtext.h"
+#include "core/screens/screensize.h"
 #include "core/screens/userfont.h"
 #include "core/text.h"
 #include "definitions/numberrange.h"
@@ -34,7 +35,8 @@ QScrollBar* makeBar(QWidget* parent, const char* name, int low, int high, const 
     bar->setSingleStep(1);
     bar->setPageStep(10);
     bar->setAccessibleName(accessible);
-    bar->setMinimumWidth(160);
+    // As long as some 26 characters of the user font (the bar itself keeps its own font).
+    bar->setMinimumWidth(userFontMetrics(parent).averageCharWidth() * 26);
     // Reached with Tab like every control; Right, Up and Page Up make the number larger.
     bar->setFocusPolicy(Qt::StrongFocus);
     bar->setInvertedControls(false);

@@ -1,12 +1,15 @@
 #include "definitions/screens/frmOptions.h"
 
+#include "core/conversions.h"
 #include "core/screens/controls.h"
 #include "core/screens/errortrap.h"
 #include "core/screens/listhelpers.h"
 #include "core/screens/prompts.h"
 #include "core/screens/qtext.h"
+#include "core/screens/screensize.h"
 #include "core/screens/userfont.h"
 #include "core/steprunner.h"
+#include "core/text.h"
 #include "definitions/screens/frmEditOption.h"
 #include "definitions/screens/listparts.h"
 
@@ -53,6 +56,24 @@ void setOptionRow(QTreeWidgetItem* item, const OptionRow& row) {
     item->setText(kOptParameter, fromBytes(row.parameter));
     item->setText(kOptWhere, fromBytes(row.where));
     item->setText(kOptKey, fromBytes(row.key));
+    setOptionTypeTip(item);
+}
+
+int optionTypeIndex(const QString& type) {
+    const std::string bytes = toBytes(type);
+    if (!isNumeric(bytes))
+        return -1;
+    const double value = roundHalfEven(leadingValue(trim(bytes)));
+    if (value < 0 || value >= static_cast<double>(kOptionTypeCount))
+        return -1;
+    return static_cast<int>(value);
+}
+
+void setOptionTypeTip(QTreeWidgetItem* item) {
+    const int type = optionTypeIndex(item->text(kOptType));
+    item->setToolTip(kOptType, type >= 0
+                                   ? QString::fromLatin1(kOptionTypeCaptions[static_cast<std::size_t>(type)])
+                                   : QString());
 }
 
 frmOptions::frmOptions(std::filesystem::path path, std::string gameName, std::filesystem::path root,
@@ -74,9 +95,7 @@ frmOptions::frmOptions(std::filesystem::path path, std::string gameName, std::fi
                         QStringLiteral("Help Text"), QStringLiteral("Type"), QStringLiteral("Parameter"),
                         QStringLiteral("Where"), QStringLiteral("Key")});
     lvOptions->setAccessibleName(QStringLiteral("Options"));
-    const int widths[kOptColumnCount] = {170, 150, 150, 220, 40, 80, 45, 60};
-    for (int column = 0; column < kOptColumnCount; ++column)
-        lvOptions->header()->resizeSection(column, widths[column]);
+    lvOptions->setToolTip(kListCommandsTip);
 
     QHBoxLayout* buttons = okCancelRow(this, cmdOK, cmdCancel);
 
@@ -108,7 +127,7 @@ frmOptions::frmOptions(std::filesystem::path path, std::string gameName, std::fi
                       [this] { mnuPopupEdit_Click(); }});
     giveMoveKeys(lvOptions);
 
-    resize(820, 480);
+    openAtTextSize(this, 90, 32);
     Form_Load();
 }
 
@@ -121,6 +140,7 @@ void frmOptions::Form_Load() {
     trap.step([&] { rows = LoadDefinitions(path_); });
 
     fillDefinitionRows(lvOptions, rows, kOptName, categoryIcon_, setOptionRow);
+    fitColumnsToContent(lvOptions, 30);
 }
 
 void frmOptions::mnuPopupEdit_Click() {

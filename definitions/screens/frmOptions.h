@@ -6,6 +6,7 @@
 
 #include <QDialog>
 #include <QIcon>
+#include <QString>
 #include <filesystem>
 #include <string>
 #include <vector>
@@ -37,6 +38,12 @@ enum OptionColumn {
 std::vector<OptionRow> optionRowsOf(const QTreeWidget* view);
 // Writes an option's fields into a list-view row (the category icon is not touched).
 void setOptionRow(QTreeWidgetItem* item, const OptionRow& row);
+
+// The type index a Type text stands for (numeric and below the number of types), or -1.
+int optionTypeIndex(const QString& type);
+// Sets the tooltip of a row's Type cell: the kind its number stands for ("Number" for "3"); none
+// when the number stands for no kind. The cell itself keeps the number the file holds.
+void setOptionTypeTip(QTreeWidgetItem* item);
 
 class frmOptions : public QDialog {
     Q_OBJECT

@@ -1,6 +1,8 @@
 #include "definitions/screens/listparts.h"
 
 #include "core/screens/listhelpers.h"
+#include "core/screens/screensize.h"
+#include "core/screens/shorttext.h"
 
 #include <QDir>
 #include <QEvent>
@@ -198,10 +200,11 @@ FileFrame makeFileFrame(QWidget* parent) {
     FileFrame parts;
     parts.frame = new QGroupBox(parent);
     parts.frame->setObjectName(QStringLiteral("fraFilename"));
-    parts.label = new QLabel(parts.frame);
+    parts.label = makePathLabel(parts.frame);
     parts.label->setObjectName(QStringLiteral("lblFilename"));
     parts.label->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
-    parts.label->setTextFormat(Qt::PlainText);
+    // The screen opens wide enough for the whole path where the desktop has the room.
+    showWholeText(parts.label);
     parts.label->setAccessibleName(QStringLiteral("File"));
     auto* layout = new QVBoxLayout(parts.frame);
     layout->addWidget(parts.label);

@@ -84,7 +84,8 @@ int selectedRow(const QTreeWidget* view);
 void selectRow(QTreeWidget* view, QTreeWidgetItem* item);
 
 // The frame at the top of the option and flag lists, `fraFilename`, that shows the file being
-// edited in `lblFilename` (the path also as its tooltip, for a path too long to show whole).
+// edited in `lblFilename` (the path also as its tooltip; a path too long for the label shows
+// shortened in the middle).
 struct FileFrame {
     QGroupBox* frame = nullptr;
     QLabel* label = nullptr;

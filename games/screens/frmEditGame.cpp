@@ -4,6 +4,7 @@
 #include "core/screens/errortrap.h"
 #include "core/screens/prompts.h"
 #include "core/screens/qtext.h"
+#include "core/screens/screensize.h"
 #include "core/screens/userfont.h"
 #include "core/screens/zoomtextbox.h"
 #include "core/steprunner.h"
@@ -100,8 +101,10 @@ frmEditGame::frmEditGame(std::filesystem::path root, std::string game, QWidget* 
 
     Form_Load();
 
-    const QFontMetrics metrics(font());
-    resize(metrics.averageCharWidth() * 80, sizeHint().height());
+    // Wide enough for the paths the record holds.
+    openAtTextSize(this, 80, 0);
+    for (QLineEdit* box : textBoxes())
+        showWholeText(box);
     txtLocationOfExe->setFocus();
 }
 

@@ -4,6 +4,7 @@
 #include "core/screens/errortrap.h"
 #include "core/screens/prompts.h"
 #include "core/screens/qtext.h"
+#include "core/screens/screensize.h"
 #include "core/screens/userfont.h"
 #include "core/steprunner.h"
 #include "core/workspace.h"
@@ -69,8 +70,7 @@ frmGame::frmGame(std::filesystem::path root, QWidget* owner) : QDialog(owner), r
 
     Form_Load();
 
-    const QFontMetrics metrics(font());
-    resize(metrics.averageCharWidth() * 45, metrics.lineSpacing() * 18);
+    openAtTextSize(this, 45, 18);
 }
 
 void frmGame::Form_Load() {

@@ -4,6 +4,7 @@
 #include "core/screens/errortrap.h"
 #include "core/screens/prompts.h"
 #include "core/screens/qtext.h"
+#include "core/screens/screensize.h"
 #include "core/screens/userfont.h"
 #include "core/steprunner.h"
 
@@ -67,8 +68,9 @@ frmGameTemplate::frmGameTemplate(std::filesystem::path root, std::string game, Q
 
     Form_Load();
 
-    const QFontMetrics metrics(font());
-    resize(metrics.averageCharWidth() * 80, sizeHint().height());
+    openAtTextSize(this, 80, 0);
+    for (QLineEdit* box : textBoxes())
+        showWholeText(box);
     txtLocationOfExe->setFocus();
 }
 

@@ -4,6 +4,7 @@
 #include "core/screens/errortrap.h"
 #include "core/screens/prompts.h"
 #include "core/screens/qtext.h"
+#include "core/screens/screensize.h"
 #include "core/screens/userfont.h"
 #include "maps/mapcard.h"
 #include "maps/pak.h"
@@ -90,7 +91,7 @@ frmAddMaps::frmAddMaps(std::filesystem::path root, std::string game, bool pickOn
     connect(cardLoader, &CardLoader::cardRead, fraMapCard, &MapCardPane::showResult);
     lvMaps->installEventFilter(this);
 
-    resize(480, 460);
+    openAtTextSize(this, 80, 33);
     Form_Load();
     // Room for the card beside the list, in the user's font.
     resize(size().expandedTo(sizeHint()));
@@ -126,6 +127,7 @@ void frmAddMaps::Form_Load() {
     lvMaps->setUpdatesEnabled(false);
     lvMaps->addTopLevelItems(rows);
     lvMaps->setUpdatesEnabled(true);
+    fitColumnsToContent(lvMaps);
 }
 
 void frmAddMaps::cmdAdd_Click() {

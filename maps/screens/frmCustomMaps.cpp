@@ -4,6 +4,7 @@
 #include "core/screens/errortrap.h"
 #include "core/screens/listhelpers.h"
 #include "core/screens/qtext.h"
+#include "core/screens/screensize.h"
 #include "core/screens/userfont.h"
 #include "core/steprunner.h"
 #include "maps/categories.h"
@@ -56,6 +57,9 @@ frmCustomMaps::frmCustomMaps(std::filesystem::path root, std::string game, std::
     lvMaps->setContextMenuPolicy(Qt::PreventContextMenu);
     lblMaps->setBuddy(lvMaps);
     lvMaps->setAccessibleName(QStringLiteral("Maps:"));
+    lvMaps->setToolTip(
+        QStringLiteral("Right-click for commands, Get Installed Maps... among them. Insert adds, "
+                       "Delete removes, Enter edits, Ctrl+U / Ctrl+D move."));
 
     fraMapCard = new MapCardPane(this);
     cardLoader = new CardLoader(this);
@@ -106,7 +110,7 @@ frmCustomMaps::frmCustomMaps(std::filesystem::path root, std::string game, std::
     lvMaps->installEventFilter(this);
     lvMaps->viewport()->installEventFilter(this);
 
-    resize(520, 420);
+    openAtTextSize(this, 86, 30);
     Form_Load();
     // Room for the card beside the list, in the user's font.
     resize(size().expandedTo(sizeHint()));
@@ -124,6 +128,7 @@ void frmCustomMaps::Form_Load() {
     lvMaps->setUpdatesEnabled(false);
     lvMaps->addTopLevelItems(rows);
     lvMaps->setUpdatesEnabled(true);
+    fitColumnsToContent(lvMaps);
     chkArena->setChecked(category.arena);
 }
 

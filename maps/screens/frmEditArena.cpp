@@ -5,6 +5,7 @@
 #include "core/screens/listhelpers.h"
 #include "core/screens/prompts.h"
 #include "core/screens/qtext.h"
+#include "core/screens/screensize.h"
 #include "core/screens/shorttext.h"
 #include "core/screens/userfont.h"
 #include "core/steprunner.h"
@@ -47,6 +48,7 @@ frmEditArena::frmEditArena(std::filesystem::path path, const std::string& map, Q
     lstArenas->setObjectName(QStringLiteral("lstArenas"));
     lstArenas->setSelectionMode(QAbstractItemView::SingleSelection);
     lstArenas->setUniformItemSizes(true);
+    lstArenas->setToolTip(kListCommandsTip);
     showLongTextsShortened(lstArenas);
     // The popup opens on the right button's release, selecting the entry under the pointer first.
     lstArenas->setContextMenuPolicy(Qt::PreventContextMenu);
@@ -84,7 +86,7 @@ frmEditArena::frmEditArena(std::filesystem::path path, const std::string& map, Q
     giveMoveKeys(lstArenas);
 
     setWindowTitle(QStringLiteral("Editing ") + fromBytes(map) + QStringLiteral(" Arenas"));
-    resize(360, 400);
+    openAtTextSize(this, 60, 28);
     Form_Load();
 }
 

@@ -1,6 +1,7 @@
 #include "maps/screens/frmEditCustomMap.h"
 
 #include "core/screens/controls.h"
+#include "core/screens/screensize.h"
 #include "core/screens/userfont.h"
 #include "core/screens/zoomtextbox.h"
 #include "maps/screens/frmAddMaps.h"
@@ -72,7 +73,7 @@ frmEditCustomMap::frmEditCustomMap(QTreeWidget* maps, const QString& category, b
         txtMapName->setText(selected->text(0));
         txtMapTitle->setText(selected->text(1));
     }
-    resize(460, 140);
+    openAtTextSize(this, 76, 0);
 }
 
 void frmEditCustomMap::cmdOK_Click() {

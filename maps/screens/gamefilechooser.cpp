@@ -4,6 +4,7 @@
 #include "core/screens/errortrap.h"
 #include "core/screens/prompts.h"
 #include "core/screens/qtext.h"
+#include "core/screens/screensize.h"
 #include "core/screens/shorttext.h"
 #include "core/screens/userfont.h"
 #include "games/gamelist.h"
@@ -101,7 +102,7 @@ GameFileChooser::GameFileChooser(std::filesystem::path root, Words words, QWidge
     connect(cmdClose, &QPushButton::clicked, this, &GameFileChooser::cmdClose_Click);
     lstMapNames->installEventFilter(this);
 
-    resize(420, 360);
+    openAtTextSize(this, 70, 26);
 }
 
 void GameFileChooser::Form_Load() {

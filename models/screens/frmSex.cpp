@@ -4,6 +4,7 @@
 #include "core/screens/errortrap.h"
 #include "core/screens/prompts.h"
 #include "core/screens/qtext.h"
+#include "core/screens/screensize.h"
 #include "core/screens/shorttext.h"
 #include "core/screens/userfont.h"
 #include "core/steprunner.h"
@@ -151,7 +152,7 @@ frmSex::frmSex(std::filesystem::path root, QWidget* parent) : QDialog(parent), r
     connect(cmdOK, &QPushButton::clicked, this, &frmSex::cmdOK_Click);
     connect(cmdCancel, &QPushButton::clicked, this, &frmSex::cmdCancel_Click);
 
-    resize(440, 420);
+    openAtTextSize(this, 73, 30);
     Form_Load();
 }
 

@@ -5,6 +5,7 @@
 #include "core/screens/listhelpers.h"
 #include "core/screens/prompts.h"
 #include "core/screens/qtext.h"
+#include "core/screens/screensize.h"
 #include "core/screens/userfont.h"
 #include "core/steprunner.h"
 #include "plugins/screens/frmEditWiz.h"
@@ -40,6 +41,7 @@ frmEditAutoWiz::frmEditAutoWiz(std::filesystem::path root, std::string bot, QWid
     lvCommands = new QTreeWidget(this);
     lvCommands->setObjectName(QStringLiteral("lvCommands"));
     lvCommands->setAccessibleName(QStringLiteral("AutoExec wizard commands"));
+    lvCommands->setToolTip(kListCommandsTip);
     lvCommands->setColumnCount(2);
     lvCommands->setHeaderLabels({QStringLiteral("Command"), QStringLiteral("Description")});
     lvCommands->setRootIsDecorated(false);
@@ -49,7 +51,6 @@ frmEditAutoWiz::frmEditAutoWiz(std::filesystem::path root, std::string bot, QWid
     lvCommands->setContextMenuPolicy(Qt::PreventContextMenu);
     lvCommands->header()->setSectionsClickable(true);
     lvCommands->header()->setStretchLastSection(true);
-    lvCommands->setColumnWidth(0, lvCommands->fontMetrics().averageCharWidth() * 28);
     lvCommands->installEventFilter(this);
     lvCommands->viewport()->installEventFilter(this);
     giveMoveKeys(lvCommands);
@@ -86,7 +87,7 @@ frmEditAutoWiz::frmEditAutoWiz(std::filesystem::path root, std::string bot, QWid
     connect(cmdOK, &QPushButton::clicked, this, &frmEditAutoWiz::cmdOK_Click);
     connect(cmdCancel, &QPushButton::clicked, this, &frmEditAutoWiz::cmdCancel_Click);
 
-    resize(640, 400);
+    openAtTextSize(this, 106, 28);
     Form_Load();
 }
 
@@ -110,6 +111,7 @@ void frmEditAutoWiz::Form_Load() {
         rows.append(
             new QTreeWidgetItem(QStringList{fromBytes(command.command), fromBytes(command.description)}));
     lvCommands->addTopLevelItems(rows);
+    fitColumnsToContent(lvCommands);
 }
 
 QTreeWidgetItem* frmEditAutoWiz::selectedRow() const {

@@ -6,6 +6,7 @@
 #include "core/screens/help.h"
 #include "core/screens/prompts.h"
 #include "core/screens/qtext.h"
+#include "core/screens/screensize.h"
 #include "core/screens/userfont.h"
 #include "core/steprunner.h"
 #include "core/workspace.h"
@@ -155,7 +156,7 @@ frmMain::frmMain(std::filesystem::path root, QWidget* parent) : QDialog(parent),
     connect(cmdAbout, &QPushButton::clicked, this, &frmMain::cmdAbout_Click);
     connect(cmdOK, &QPushButton::clicked, this, &frmMain::cmdOK_Click);
 
-    resize(640, 420);
+    openAtTextSize(this, 106, 30);
     Form_Load();
 }
 

@@ -1,7 +1,10 @@
 #include "tests/support/process_data.h"
 #include "tests/support/workspace_data.h"
 
+#include <filesystem>
+#include <fstream>
 #include <gtest/gtest.h>
+#include <iterator>
 #include <map>
 #include <nlohmann/json.hpp>
 #include <string>
@@ -43,6 +46,20 @@ TEST(Program, EmptyCommandLineShowsTheMainWindow) {
     EXPECT_EQ(report["route"], "MainWindow");
     EXPECT_EQ(report["screen"], "frmMain");
     EXPECT_EQ(report["fontSize"], "0");
+}
+
+TEST(Program, WindowsCarryTheProgramsIconAndBelongToItsDesktopEntry) {
+    TempWorkspace ws;
+    auto report = start(ws, {});
+    EXPECT_EQ(report["windowIcon"], "32x32") << "the program's windows have no icon";
+    EXPECT_EQ(report["desktopFileName"], "org.rosterdesk.RosterDesk");
+    // The desktop entry of that name is the one that is installed, and it names the same icon.
+    const std::filesystem::path entry =
+        std::filesystem::path(ROSTERDESK_SOURCE_DIR) / "packaging" / (report["desktopFileName"] + ".desktop");
+    ASSERT_TRUE(std::filesystem::exists(entry)) << entry;
+    std::ifstream in(entry);
+    const std::string text((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
+    EXPECT_NE(text.find("\nIcon=" + report["desktopFileName"] + "\n"), std::string::npos) << text;
 }
 
 TEST(Program, GameOnTheCommandLineRoutesToTheGameEditor) {

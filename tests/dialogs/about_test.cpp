@@ -8,6 +8,7 @@
 #include "tests/support/prompts_screens.h"
 
 #include <QComboBox>
+#include <QImage>
 #include <QLabel>
 #include <QListWidget>
 #include <QPushButton>
@@ -65,6 +66,53 @@ TEST(AboutBox, LogoSpellsTheProgramsNameWithLargeInitials) {
     EXPECT_GT(r->font().pointSize(), oster->font().pointSize());
     EXPECT_GT(d->font().pointSize(), esk->font().pointSize());
     EXPECT_FALSE(about.findChild<QLabel*>("lblOwner")->text().isEmpty());
+}
+
+// The lowest row of `picture` inside `area` where something is drawn (a colour other than the
+// background's, taken at the area's top left corner); -1 when nothing is.
+int lowestInkRow(const QImage& picture, const QRect& area) {
+    const QRgb background = picture.pixel(area.topLeft());
+    for (int y = area.bottom(); y >= area.top(); --y)
+        for (int x = area.left(); x <= area.right(); ++x)
+            if (qGray(picture.pixel(x, y)) < qGray(background) - 60)
+                return y;
+    return -1;
+}
+
+// The letters of the logo and of the version line have no descenders ("RosterDesk", "Version 1.0
+// revision 0"), so where each label's letters end is the baseline they stand on.
+TEST(AboutBox, LargeAndSmallLettersStandOnOneBaseline) {
+    frmRDabout about;
+    about.show();
+    ASSERT_TRUE(
+        QTest::qWaitFor([&] { return about.size() == about.fullSize() && !about.animating(); }, 5000));
+    const QImage picture = about.grab().toImage();
+    const auto baseline = [&](const char* name) {
+        const auto* label = about.findChild<QLabel*>(name);
+        return lowestInkRow(picture, label->geometry());
+    };
+    const int logo = baseline("lblLogoR");
+    ASSERT_GT(logo, 0);
+    for (const char* name : {"lblLogoOster", "lblLogoD", "lblLogoEsk"})
+        EXPECT_LE(std::abs(baseline(name) - logo), 1) << name << " does not stand on the logo's baseline";
+    const int version = baseline("lblVersionV");
+    ASSERT_GT(version, 0);
+    EXPECT_LE(std::abs(baseline("lblVersion") - version), 1) << "the version's small letters";
+    about.hide();
+}
+
+TEST(AboutBox, GrowsLargeEnoughForALargeUserFont) {
+    setUserFont(UserFont{24, ""});
+    frmRDabout about;
+    setUserFont(UserFont{});
+    about.show();
+    ASSERT_TRUE(
+        QTest::qWaitFor([&] { return !about.animating() && about.size() == about.fullSize(); }, 5000));
+    const auto* info = about.findChild<QLabel*>("lblInfo");
+    EXPECT_GT(about.width(), std::lround(6555 / about.twipsPerPixelX()));
+    EXPECT_GE(info->width(), info->sizeHint().width()) << "the note to the launcher is cut";
+    EXPECT_GE(info->height(), info->sizeHint().height());
+    about.hide();
 }
 
 TEST(AboutBox, ClickingInfoShowsTheInformationMessage) {

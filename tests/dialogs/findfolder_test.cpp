@@ -43,6 +43,44 @@ void browse(QWidget* owner, QLineEdit* box) {
         box->setText(chosen);
 }
 
+// The names of the folders the tree lists inside its current folder, once they are read.
+QStringList listedInCurrentFolder(frmFindFolder& picker, int atLeast) {
+    const QModelIndex current = picker.Dir1->currentIndex();
+    QAbstractItemModel* model = picker.Dir1->model();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return model->rowCount(current) >= atLeast; }, 5000));
+    QTest::qWait(50); // anything that would follow
+    QStringList names;
+    for (int row = 0; row < model->rowCount(current); ++row)
+        names << model->index(row, 0, current).data(Qt::DisplayRole).toString();
+    names.sort();
+    return names;
+}
+
+#ifndef Q_OS_WIN
+TEST(FolderPicker, FoldersWhoseNamesBeginWithADotAreNotListed) {
+    Folders folders;
+    QDir().mkpath(folders.games + "/.config");
+    QDir().mkpath(folders.games + "/.cache/more");
+    frmFindFolder picker(folders.games);
+    picker.show();
+    EXPECT_EQ(listedInCurrentFolder(picker, 1), QStringList{"Quake2"});
+    picker.hide();
+}
+#endif
+
+TEST(FolderPicker, AStartFolderInsideAHiddenFolderStillOpens) {
+    Folders folders;
+    const QString inside = QDir(folders.temp.path()).canonicalPath() + "/.wine/drive_c/Quake2";
+    QDir().mkpath(inside + "/baseq2");
+    frmFindFolder picker(inside);
+    picker.show();
+    EXPECT_EQ(picker.openFolder(), inside);
+    EXPECT_EQ(picker.Dir1->currentIndex().data(Qt::DisplayRole).toString(), "Quake2");
+    EXPECT_EQ(listedInCurrentFolder(picker, 1), QStringList{"baseq2"});
+    QTest::mouseClick(picker.cmdOK, Qt::LeftButton);
+    EXPECT_EQ(picker.chosenFolder(), native(inside));
+}
+
 TEST(FolderPicker, HasItsCaptionAndControls) {
     frmFindFolder picker("");
     EXPECT_EQ(picker.windowTitle(), "Choose Path");

@@ -57,13 +57,24 @@ desktop-file)
         fail "the desktop entry has no action Choose Launcher Folder…"
     ;;
 metainfo)
-    appstreamcli validate --no-net "$src/packaging/$app_id.metainfo.xml"
+    # The file the build installs, and the same file listing its screenshots at a web address (an
+    # address kept for examples): each one a picture the guide shows and the package installs.
+    appstreamcli validate --no-net "$build/packaging/$app_id.metainfo.xml"
+    cmake -DOUT="$scratch/$app_id.metainfo.xml" -DSCREENSHOTS_URL=https://example.org/rosterdesk/screenshots/ \
+        -P "$src/packaging/metainfo.cmake"
+    appstreamcli validate --no-net "$scratch/$app_id.metainfo.xml"
+    pictures=$(grep -o '<image>[^<]*</image>' "$scratch/$app_id.metainfo.xml" | sed 's|</image>||; s|.*/||')
+    [ "$(wc -l <<<"$pictures")" -ge 3 ] || fail "the metainfo lists too few screenshots: $pictures"
+    for picture in $pictures; do
+        [ -f "$src/docs/guide/screenshots/$picture" ] || fail "the metainfo lists $picture, which the guide does not have"
+    done
+    grep -q '<screenshot type="default">' "$scratch/$app_id.metainfo.xml" || fail "no default screenshot"
     ;;
 install)
     cmake --install "$build" --prefix "$scratch/prefix" >/dev/null
     for f in bin/rosterdesk bin/rosterdesk-cli share/applications/$app_id.desktop \
              share/icons/hicolor/scalable/apps/$app_id.svg share/metainfo/$app_id.metainfo.xml \
-             share/doc/rosterdesk/guide/index.html; do
+             share/doc/rosterdesk/guide/index.html share/doc/rosterdesk/guide/screenshots/frmMain.png; do
         [ -e "$scratch/prefix/$f" ] || fail "not installed: $f"
     done
     "$scratch/prefix/bin/rosterdesk-cli" --help | grep -q 'doctor\|bots' || fail "installed rosterdesk-cli --help"
@@ -80,6 +91,7 @@ deb)
     done
     depends=$(dpkg-deb -f "$deb" Depends)
     grep -q 'libqt6widgets6' <<<"$depends" || fail "the package does not depend on Qt Widgets: $depends"
+    grep -q 'libqt6svg6' <<<"$depends" || fail "the package does not depend on Qt's SVG plug-ins (the icon): $depends"
     dpkg-deb -x "$deb" "$scratch/root"
     "$scratch/root/usr/bin/rosterdesk-cli" --help >/dev/null || fail "packaged rosterdesk-cli --help"
     starts "$scratch/root/usr/bin/rosterdesk" "$scratch/root/usr/share/applications/$app_id.desktop"

@@ -57,6 +57,14 @@ TEST(Guide, EveryPageIsReachableFromTheIndex) {
         EXPECT_TRUE(reached.contains(page)) << page.toStdString() << " cannot be reached from the index";
 }
 
+TEST(Guide, TheIndexLinksFirstToYourFirstBotMatch) {
+    const QStringList targets = localTargets(pageText(QStringLiteral("index.html")), QStringLiteral("href"));
+    ASSERT_FALSE(targets.isEmpty());
+    EXPECT_EQ(targets.first(), QStringLiteral("first-match.html"));
+    EXPECT_TRUE(pageText(QStringLiteral("first-match.html"))
+                    .contains(QStringLiteral("<title>Your first bot match</title>")));
+}
+
 TEST(Guide, EveryLinkResolves) {
     for (const QString& page : guidePages()) {
         for (const QString& target : localTargets(pageText(page), QStringLiteral("href")))

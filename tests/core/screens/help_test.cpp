@@ -4,14 +4,18 @@
 
 #include <QApplication>
 #include <QDialog>
+#include <QImage>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRegularExpression>
 #include <QTest>
+#include <QTextBlock>
 #include <QTextBrowser>
+#include <QTextDocument>
 #include <QVBoxLayout>
 #include <gtest/gtest.h>
 #include <memory>
+#include <vector>
 
 namespace help_test {
 
@@ -119,6 +123,70 @@ TEST(Help, LinksBetweenPagesWorkAndBackReturns) {
     QTest::mouseClick(help->cmdBack, Qt::LeftButton);
     EXPECT_EQ(help->currentPage(), QString("index.html"));
     closeHelpWindows();
+}
+
+} // namespace help_test
+
+namespace help_test {
+
+// The pictures of the page the window shows, as laid out: their width and height on the page and
+// their own size.
+struct ShownPicture {
+    double width = 0;
+    double height = 0;
+    QSize own;
+};
+
+std::vector<ShownPicture> shownPictures(frmHelp& help) {
+    std::vector<ShownPicture> out;
+    QTextDocument* document = help.txtPage->document();
+    for (QTextBlock block = document->begin(); block.isValid(); block = block.next())
+        for (auto it = block.begin(); !it.atEnd(); ++it) {
+            if (!it.fragment().charFormat().isImageFormat())
+                continue;
+            const QTextImageFormat picture = it.fragment().charFormat().toImageFormat();
+            const QImage own(QStringLiteral(":/guide/") + picture.name());
+            // A picture without a size of its own on the page is shown at its own size.
+            out.push_back({picture.width() > 0 ? picture.width() : own.width(),
+                           picture.height() > 0 ? picture.height() : own.height(), own.size()});
+        }
+    return out;
+}
+
+TEST(Help, PicturesWiderThanTheWindowAreScaledDownToItsWidth) {
+    frmHelp help;
+    help.show();
+    help.resize(360, 400);
+    help.showPage(QStringLiteral("frmMain.html"));
+    QApplication::processEvents();
+    const auto pictures = shownPictures(help);
+    ASSERT_FALSE(pictures.empty());
+    for (const ShownPicture& picture : pictures) {
+        ASSERT_FALSE(picture.own.isEmpty());
+        ASSERT_GT(picture.own.width(), help.txtPage->viewport()->width()) << "the picture should be wider";
+        EXPECT_LE(picture.width, help.txtPage->viewport()->width());
+        EXPECT_NEAR(picture.height / picture.width, double(picture.own.height()) / picture.own.width(), 0.01)
+            << "the picture keeps its proportions";
+    }
+    EXPECT_LE(help.txtPage->document()->idealWidth(), help.txtPage->viewport()->width());
+    help.hide();
+}
+
+TEST(Help, PicturesFollowTheWindowsWidthAndNeverGrowBeyondTheirOwnSize) {
+    frmHelp help;
+    help.show();
+    help.resize(360, 400);
+    help.showPage(QStringLiteral("frmMain.html"));
+    QApplication::processEvents();
+    help.resize(1600, 900);
+    QApplication::processEvents();
+    const auto pictures = shownPictures(help);
+    ASSERT_FALSE(pictures.empty());
+    for (const ShownPicture& picture : pictures) {
+        EXPECT_EQ(picture.width, picture.own.width());
+        EXPECT_EQ(picture.height, picture.own.height());
+    }
+    help.hide();
 }
 
 } // namespace help_test

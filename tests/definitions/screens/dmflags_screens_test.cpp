@@ -12,6 +12,7 @@
 
 #include <QClipboard>
 #include <QComboBox>
+#include <QHeaderView>
 #include <QLabel>
 #include <QPlainTextEdit>
 #include <QPushButton>
@@ -82,6 +83,22 @@ TEST_F(FlagList, ShowsTheFileAndTheFiveColumns) {
     EXPECT_EQ(smallIconIndex(form->lvFlags->topLevelItem(0)), 1);
     EXPECT_EQ(smallIconIndex(form->lvFlags->topLevelItem(1)), 0);
     EXPECT_FALSE(form->lvFlags->accessibleName().isEmpty());
+}
+
+TEST_F(FlagList, OpensShowingEveryColumnAndItsCaption) {
+    auto form = open();
+    QCoreApplication::processEvents();
+    QHeaderView* header = form->lvFlags->header();
+    EXPECT_TRUE(header->stretchLastSection());
+    for (int column = 0; column < header->count(); ++column) {
+        EXPECT_GE(header->sectionSize(column), header->sectionSizeHint(column)) << "column " << column;
+        EXPECT_LE(header->sectionViewportPosition(column) + header->sectionSize(column),
+                  form->lvFlags->viewport()->width())
+            << "column " << column << " lies behind the scroll bar";
+    }
+    EXPECT_EQ(
+        form->lvFlags->toolTip(),
+        QString("Right-click for commands. Insert adds, Delete removes, Enter edits, Ctrl+U / Ctrl+D move."));
 }
 
 TEST_F(FlagList, PopupMenuEntriesInOrderWithEditAsTheBoldDefault) {

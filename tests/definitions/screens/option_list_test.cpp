@@ -428,6 +428,58 @@ TEST_F(OptionList, AFileThatCannotBeWrittenIsReportedAndTheListStaysOpen) {
     EXPECT_EQ(form->lvOptions->topLevelItemCount(), 1);
 }
 
+TEST_F(OptionList, TypeCellKeepsTheFilesNumberAndItsTooltipNamesTheKind) {
+    ws.writeLines(kFile, {"Odd", "12", "Odd\t\t\t\t0\t", "Words", "x", "Words\t\t\t\t0\t"});
+    auto form = open();
+    EXPECT_EQ(form->lvOptions->topLevelItem(0)->text(kOptType), QString("12"));
+    EXPECT_EQ(form->lvOptions->topLevelItem(0)->toolTip(kOptType), QString(""));
+    EXPECT_EQ(form->lvOptions->topLevelItem(1)->toolTip(kOptType), QString(""));
+
+    ws.writeLines(kFile, kSample);
+    form = open();
+    const auto typeOf = [&](int row) {
+        const QTreeWidgetItem* item = form->lvOptions->topLevelItem(row);
+        return item->text(kOptType) + " " + item->toolTip(kOptType);
+    };
+    EXPECT_EQ(typeOf(1), QString("0 Yes or No Checkbox"));
+    EXPECT_EQ(typeOf(2), QString("3 Number"));
+    EXPECT_EQ(typeOf(4), QString("2 Normal Text String"));
+    // The tooltip follows a kind changed in the option editor.
+    ModalDriver driver([](QDialog* d) {
+        auto* editor = qobject_cast<frmEditOption*>(d);
+        ASSERT_TRUE(makeActive(editor));
+        editor->cboType->setCurrentIndex(7);
+        click(editor->cmdOK);
+    });
+    doubleClickRow(form->lvOptions, 4);
+    ASSERT_TRUE(driver.acted());
+    EXPECT_EQ(typeOf(4), QString("7 Value List"));
+}
+
+TEST_F(OptionList, OpensShowingEveryColumnAndItsCaption) {
+    auto form = open();
+    QCoreApplication::processEvents();
+    QHeaderView* header = form->lvOptions->header();
+    EXPECT_TRUE(header->stretchLastSection());
+    for (int column = 0; column < header->count(); ++column) {
+        EXPECT_GE(header->sectionSize(column), header->sectionSizeHint(column)) << "column " << column;
+        EXPECT_LE(header->sectionViewportPosition(column) + header->sectionSize(column),
+                  form->lvOptions->viewport()->width())
+            << "column " << column << " lies behind the scroll bar";
+    }
+    // Columns are as wide as their texts (up to a limit), not all alike.
+    EXPECT_GT(header->sectionSize(kOptName), header->sectionSize(kOptType));
+    EXPECT_GE(header->sectionSize(kOptChecked),
+              form->lvOptions->fontMetrics().horizontalAdvance("+set deathmatch 1"));
+}
+
+TEST_F(OptionList, TheListsTooltipNamesItsCommands) {
+    auto form = open();
+    EXPECT_EQ(
+        form->lvOptions->toolTip(),
+        QString("Right-click for commands. Insert adds, Delete removes, Enter edits, Ctrl+U / Ctrl+D move."));
+}
+
 TEST_F(OptionList, TheListFollowsTheScreenWhenResized) {
     auto form = open();
     form->resize(600, 400);

@@ -1,0 +1,235 @@
+#include "core/screens/screensize.h"
+
+#include "core/screens/qtext.h"
+#include "core/screens/userfont.h"
+
+#include <QEvent>
+#include <QHeaderView>
+#include <QLabel>
+#include <QLayout>
+#include <QLineEdit>
+#include <QScreen>
+#include <QStackedWidget>
+#include <QStyle>
+#include <QTreeView>
+#include <QWidget>
+#include <algorithm>
+#include <cmath>
+#include <vector>
+
+namespace rd {
+
+namespace {
+
+// The width a list view or a field asks its screen for, kept on the control.
+constexpr const char* kWantedWidth = "rdWantedWidth";
+// Marks a field whose whole text the screen should show.
+constexpr const char* kWholeText = "rdShowWholeText";
+// How many rows of a list are measured for its columns' widths.
+constexpr int kRowsMeasured = 100;
+
+// The last column of a view that is shown, or -1.
+int lastShownSection(const QHeaderView* header) {
+    for (int visual = header->count() - 1; visual >= 0; --visual) {
+        const int logical = header->logicalIndex(visual);
+        if (!header->isSectionHidden(logical))
+            return logical;
+    }
+    return -1;
+}
+
+// The room a list view takes beside its columns: its frame and a vertical scroll bar.
+int viewChrome(const QTreeView* view) {
+    return 2 * view->frameWidth() + view->style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, view);
+}
+
+// The width `field` needs to show its whole text. A field's size hint is the room for 17 "x"
+// plus its frame and margins; the text takes the place of the 17 "x".
+int wholeTextWidth(const QLineEdit* field) {
+    const QFontMetrics metrics = field->fontMetrics();
+    const int chrome = field->sizeHint().width() - 17 * metrics.horizontalAdvance(QLatin1Char('x'));
+    return metrics.horizontalAdvance(field->text()) + chrome + metrics.averageCharWidth();
+}
+
+// How much wider `control` would like to be than it is now (0 when it is wide enough).
+int missingWidth(const QWidget* control) {
+    int wanted = 0;
+    if (control->property(kWholeText).toBool()) {
+        if (auto* field = qobject_cast<const QLineEdit*>(control))
+            wanted = wholeTextWidth(field);
+        else if (auto* label = qobject_cast<const QLabel*>(control))
+            wanted = label->fontMetrics().horizontalAdvance(label->text()) + label->width() -
+                     label->contentsRect().width();
+    } else if (const QVariant width = control->property(kWantedWidth); width.isValid()) {
+        wanted = width.toInt();
+    }
+    return std::max(0, wanted - control->width());
+}
+
+// Sizes its screen when the screen is first shown (before a dialog centres itself over its owner,
+// which it does in its own show handler, after this filter).
+class OpeningSize : public QObject {
+public:
+    OpeningSize(QWidget* screen, double chars, double lines) : QObject(screen), chars_(chars), lines_(lines) {
+        setObjectName(QStringLiteral("rdOpeningSize"));
+    }
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        if (event->type() == QEvent::Show && watched == parent() && !done_) {
+            done_ = true;
+            open(static_cast<QWidget*>(watched));
+        }
+        return false;
+    }
+
+private:
+    void open(QWidget* screen) const {
+        const QFontMetrics metrics = userFontMetrics(screen);
+        QSize size(static_cast<int>(std::lround(chars_ * metrics.averageCharWidth())),
+                   static_cast<int>(std::lround(lines_ * metrics.lineSpacing())));
+        size = size.expandedTo(screen->sizeHint()).expandedTo(screen->minimumSizeHint());
+        QSize desk(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX);
+        if (const QScreen* where = screen->screen())
+            desk = where->availableGeometry().size();
+        const auto place = [screen, &size, desk] {
+            size = size.boundedTo(desk);
+            screen->resize(size);
+            if (QLayout* layout = screen->layout())
+                layout->activate();
+            // The pages of tabs not shown are laid out as the page shown, so that their controls
+            // can be measured too.
+            for (QStackedWidget* pages : screen->findChildren<QStackedWidget*>()) {
+                const QWidget* shown = pages->currentWidget();
+                for (int i = 0; shown && i < pages->count(); ++i) {
+                    QWidget* page = pages->widget(i);
+                    if (page == shown)
+                        continue;
+                    page->setGeometry(shown->geometry());
+                    if (QLayout* layout = page->layout())
+                        layout->activate();
+                }
+            }
+        };
+        place();
+
+        // Controls on any page count, unless they are hidden themselves.
+        int missing = 0;
+        for (const QWidget* control : screen->findChildren<QWidget*>())
+            if (!control->isHidden())
+                missing = std::max(missing, missingWidth(control));
+        if (missing > 0) {
+            size.rwidth() += missing;
+            place();
+        }
+        for (QTreeView* view : screen->findChildren<QTreeView*>())
+            if (view->isVisibleTo(screen) && !view->isHeaderHidden())
+                squeezeColumnsIntoView(view);
+    }
+
+    double chars_;
+    double lines_;
+    bool done_ = false;
+};
+
+} // namespace
+
+QFontMetrics userFontMetrics(const QWidget* screen) {
+    QFont font = screen->font();
+    const UserFont& user = userFont();
+    if (user.size > 0)
+        font.setPointSize(user.size);
+    if (!user.name.empty())
+        font.setFamilies({fromBytes(user.name)});
+    return QFontMetrics(font);
+}
+
+void openAtTextSize(QWidget* screen, double chars, double lines) {
+    if (auto* old = screen->findChild<QObject*>(QStringLiteral("rdOpeningSize"), Qt::FindDirectChildrenOnly))
+        delete old;
+    screen->installEventFilter(new OpeningSize(screen, chars, lines));
+}
+
+void showWholeText(QWidget* control) {
+    control->setProperty(kWholeText, true);
+}
+
+void fitColumnsToContent(QTreeView* view, int maxChars) {
+    QHeaderView* header = view->header();
+    const int last = lastShownSection(header);
+    const int widest = maxChars * view->fontMetrics().averageCharWidth();
+    // The header's own least width is the widest letter of the font, often wider than a short
+    // caption ("Key"), and the stretched last column never gets narrower than it.
+    header->setMinimumSectionSize(3 * header->fontMetrics().averageCharWidth());
+    // The rows a list shows when it opens, and more, are measured; not every row of a long list.
+    const int precision = header->resizeContentsPrecision();
+    header->setResizeContentsPrecision(kRowsMeasured);
+    int total = 0;
+    for (int section = 0; section < header->count(); ++section) {
+        if (header->isSectionHidden(section))
+            continue;
+        const int caption = header->sectionSizeHint(section);
+        // (The view's own size hint is protected; its base class's is not.)
+        const int rows = static_cast<const QAbstractItemView*>(view)->sizeHintForColumn(section);
+        const int width = std::max(caption, std::min(rows, widest));
+        // A stretched last column never gets narrower than the size it was given before: its
+        // caption's width, so that it can give way when the list is narrow.
+        header->resizeSection(section, section == last && header->stretchLastSection() ? caption : width);
+        total += width;
+    }
+    header->setResizeContentsPrecision(precision);
+    view->setProperty(kWantedWidth, total + viewChrome(view));
+}
+
+void squeezeColumnsIntoView(QTreeView* view) {
+    QHeaderView* header = view->header();
+    const int last = lastShownSection(header);
+    if (last < 0)
+        return;
+    const bool stretching = header->stretchLastSection();
+    // The columns the view can give room from, and how much each can give.
+    std::vector<int> sections;
+    std::vector<int> slack;
+    int needed = 0;
+    for (int section = 0; section < header->count(); ++section) {
+        if (header->isSectionHidden(section))
+            continue;
+        const int caption = header->sectionSizeHint(section);
+        if (section == last && stretching) {
+            needed += std::max(caption, header->minimumSectionSize());
+            continue;
+        }
+        const int width = header->sectionSize(section);
+        needed += width;
+        if (width > caption) {
+            sections.push_back(section);
+            slack.push_back(width - caption);
+        }
+    }
+    const int room = view->width() - viewChrome(view);
+    const int over = needed - room;
+    if (over <= 0)
+        return;
+    int totalSlack = 0;
+    for (int s : slack)
+        totalSlack += s;
+    if (totalSlack == 0)
+        return;
+    // Each column gives in proportion to what it can give, the remainder from the first ones.
+    const int giving = std::min(over, totalSlack);
+    int given = 0;
+    std::vector<int> take(slack.size());
+    for (std::size_t i = 0; i < slack.size(); ++i) {
+        take[i] = static_cast<int>(static_cast<long long>(giving) * slack[i] / totalSlack);
+        given += take[i];
+    }
+    for (std::size_t i = 0; i < slack.size() && given < giving; ++i) {
+        const int more = std::min(slack[i] - take[i], giving - given);
+        take[i] += more;
+        given += more;
+    }
+    for (std::size_t i = 0; i < sections.size(); ++i)
+        header->resizeSection(sections[i], header->sectionSize(sections[i]) - take[i]);
+}
+
+} // namespace rd
