@@ -3,6 +3,7 @@
 #include "core/screens/frmZoom.h"
 #include "core/screens/help.h"
 #include "core/screens/qtext.h"
+#include "core/winepaths.h"
 #include "definitions/screens/frmChooseList.h"
 #include "definitions/screens/frmDMflags.h"
 #include "definitions/screens/frmEditDMflag.h"
@@ -17,6 +18,7 @@
 #include "dialogs/frmPickFromLV.h"
 #include "dialogs/frmRDabout.h"
 #include "games/gamerecord.h"
+#include "games/screens/desktop.h"
 #include "games/screens/frmEditGame.h"
 #include "games/screens/frmGame.h"
 #include "games/screens/frmGameTemplate.h"
@@ -157,9 +159,10 @@ bool forEachScreen(const std::filesystem::path& root, const std::function<bool(Q
     // The folder picker as the game editor opens it: at the game's program folder.
     StepRunner quiet([](const std::string&) { return TrapChoice::Ignore; });
     const std::optional<GamePathRecord> record = LoadGameRecord(root, "Quake2", quiet);
-    const QString start =
-        record ? fromBytes(record->txtLocationOfExe) : QString::fromStdString(root.string());
-    if (!visit(std::make_unique<rd::frmFindFolder>(start).get()))
+    const WinePrefix wine = findWinePrefix(root);
+    const QString start = record ? platformPath(fromBytes(record->txtLocationOfExe), wine)
+                                 : QString::fromStdString(root.string());
+    if (!visit(std::make_unique<rd::frmFindFolder>(start, nullptr, wine).get()))
         return false;
     if (!visit(std::make_unique<rd::frmRDabout>().get()))
         return false;
