@@ -55,9 +55,15 @@ InputFile& InputFile::operator=(InputFile&& other) noexcept {
 namespace {
 
 std::optional<SaveFault> activeFault;
+int savesSinceFault = 0;
 
-bool faultAt(SaveFault::Step step) {
-    return activeFault && activeFault->step == step;
+// Whether the fault strikes the save being begun.
+bool faultStrikesNewSave() {
+    return activeFault && savesSinceFault++ >= activeFault->afterSaves;
+}
+
+bool faultAt(bool faulted, SaveFault::Step step) {
+    return faulted && activeFault && activeFault->step == step;
 }
 
 SaveError faultError() {
@@ -75,6 +81,7 @@ SaveError faultError() {
 
 void setSaveFault(std::optional<SaveFault> fault) {
     activeFault = fault;
+    savesSinceFault = 0;
 }
 
 NewFile::~NewFile() {
@@ -82,7 +89,8 @@ NewFile::~NewFile() {
 }
 
 NewFile::NewFile(NewFile&& other) noexcept
-    : path_(std::move(other.path_)), written_(other.written_), exists_(std::exchange(other.exists_, false)) {
+    : path_(std::move(other.path_)), written_(other.written_), exists_(std::exchange(other.exists_, false)),
+      faulted_(other.faulted_) {
 #ifdef _WIN32
     handle_ = std::exchange(other.handle_, nullptr);
     attributes_ = other.attributes_;
@@ -103,6 +111,7 @@ NewFile& NewFile::operator=(NewFile&& other) noexcept {
         path_ = std::move(other.path_);
         written_ = other.written_;
         exists_ = std::exchange(other.exists_, false);
+        faulted_ = other.faulted_;
     }
     return *this;
 }
@@ -111,7 +120,7 @@ SaveError NewFile::write(const char* bytes, std::size_t count) {
     if (!isOpen())
         return {SaveFailure::Other, "the file is not open"};
     std::size_t allowed = count;
-    const bool full = faultAt(SaveFault::Step::Write) && written_ + count > activeFault->afterBytes;
+    const bool full = faultAt(faulted_, SaveFault::Step::Write) && written_ + count > activeFault->afterBytes;
     if (full)
         allowed = activeFault->afterBytes > written_
                       ? static_cast<std::size_t>(activeFault->afterBytes - written_)
@@ -260,7 +269,8 @@ SaveError probeSaveTarget(const fs::path& path, SaveTarget& target) {
 NewFile NewFile::create(const fs::path& path, const fs::path* permissionsOf, SaveError& error) {
     NewFile file;
     error = {};
-    if (faultAt(SaveFault::Step::Create)) {
+    const bool faulted = faultStrikesNewSave();
+    if (faultAt(faulted, SaveFault::Step::Create)) {
         error = faultError();
         return file;
     }
@@ -274,6 +284,7 @@ NewFile NewFile::create(const fs::path& path, const fs::path* permissionsOf, Sav
     file.handle_ = handle;
     file.path_ = path;
     file.exists_ = true;
+    file.faulted_ = faulted;
     file.attributes_ = FILE_ATTRIBUTE_ARCHIVE;
     if (permissionsOf) {
         const DWORD attributes = ::GetFileAttributesW(permissionsOf->c_str());
@@ -306,7 +317,7 @@ SaveError NewFile::finish() {
     if (!isOpen())
         return {SaveFailure::Other, "the file is not open"};
     SaveError error;
-    if (faultAt(SaveFault::Step::Flush))
+    if (faultAt(faulted_, SaveFault::Step::Flush))
         error = faultError();
     else if (!::FlushFileBuffers(static_cast<HANDLE>(handle_)))
         error = lastSaveError();
@@ -319,7 +330,7 @@ SaveError NewFile::finish() {
 SaveError NewFile::replace(const fs::path& target) {
     if (isOpen() || !exists_)
         return {SaveFailure::Other, "the file is not finished"};
-    if (faultAt(SaveFault::Step::Replace))
+    if (faultAt(faulted_, SaveFault::Step::Replace))
         return faultError();
     // The target's attributes (a new file: archive only), so the hidden mark goes.
     ::SetFileAttributesW(path_.c_str(), attributes_);
@@ -464,7 +475,8 @@ SaveError probeSaveTarget(const fs::path& path, SaveTarget& target) {
 NewFile NewFile::create(const fs::path& path, const fs::path* permissionsOf, SaveError& error) {
     NewFile file;
     error = {};
-    if (faultAt(SaveFault::Step::Create)) {
+    const bool faulted = faultStrikesNewSave();
+    if (faultAt(faulted, SaveFault::Step::Create)) {
         error = faultError();
         return file;
     }
@@ -476,6 +488,7 @@ NewFile NewFile::create(const fs::path& path, const fs::path* permissionsOf, Sav
     file.fd_ = fd;
     file.path_ = path;
     file.exists_ = true;
+    file.faulted_ = faulted;
     struct stat st {};
     if (permissionsOf && ::stat(permissionsOf->c_str(), &st) == 0) {
         // Owner and group where the system allows it (changing them clears set-id bits, so the
@@ -514,7 +527,7 @@ SaveError NewFile::finish() {
     if (!isOpen())
         return {SaveFailure::Other, "the file is not open"};
     SaveError error;
-    if (faultAt(SaveFault::Step::Flush))
+    if (faultAt(faulted_, SaveFault::Step::Flush))
         error = faultError();
 #ifdef __linux__
     else if (::fdatasync(fd_) != 0) // the data and the size; the times need not wait for the disk
@@ -531,7 +544,7 @@ SaveError NewFile::finish() {
 SaveError NewFile::replace(const fs::path& target) {
     if (isOpen() || !exists_)
         return {SaveFailure::Other, "the file is not finished"};
-    if (faultAt(SaveFault::Step::Replace))
+    if (faultAt(faulted_, SaveFault::Step::Replace))
         return faultError();
     if (::rename(path_.c_str(), target.c_str()) != 0)
         return saveErrorOf(errno);

@@ -125,7 +125,8 @@ private:
 #endif
     std::filesystem::path path_;
     std::uint64_t written_ = 0;
-    bool exists_ = false; // the file is on disk under path_
+    bool exists_ = false;  // the file is on disk under path_
+    bool faulted_ = false; // a test's fault strikes this file
 };
 
 // Removes a file; false when it could not be removed.
@@ -145,6 +146,8 @@ struct SaveFault {
     // What the system answers: a full disk by default; Denied as a read-only folder or a file
     // in use answers.
     SaveFailure failure = SaveFailure::NoSpace;
+    // The saves begun before it strikes (the files an operation saves before the one it hits).
+    int afterSaves = 0;
 };
 void setSaveFault(std::optional<SaveFault> fault);
 

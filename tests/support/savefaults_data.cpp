@@ -49,13 +49,14 @@ std::vector<std::string> saveLeftoversIn(const fs::path& folder) {
 
 std::vector<std::string> expectSavesSurviveFaults(const fs::path& file,
                                                   const std::function<void(StepRunner&)>& save,
-                                                  std::string_view newBytes) {
+                                                  std::string_view newBytes, int afterSaves) {
     std::error_code ec;
     const bool existed = fs::exists(file, ec);
     const std::string oldBytes = existed ? readBytes(file) : std::string();
     std::vector<std::string> descriptions;
-    for (const auto& point : saveFaultPoints(newBytes)) {
+    for (auto point : saveFaultPoints(newBytes)) {
         SCOPED_TRACE(point.name);
+        point.fault.afterSaves = afterSaves;
         InjectedSaveFault fault(point.fault);
         int failures = 0;
         StepRunner runner([&](const std::string& description) {

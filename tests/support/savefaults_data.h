@@ -42,10 +42,11 @@ std::vector<std::string> saveLeftoversIn(const std::filesystem::path& folder);
 // For every point of saveFaultPoints(newBytes): `save` runs under a trap whose handler checks
 // that `file` is still byte for byte what it was (or still missing) and that no temporary file
 // is left in its folder, keeps the description, lifts the fault and answers Retry; afterwards
-// the file holds `newBytes`. The old bytes are put back before the next point. Returns the
-// descriptions the trap was given, one a point.
+// the file holds `newBytes`. The old bytes are put back before the next point. `afterSaves`:
+// the files `save` saves before `file`, which the fault lets through. Returns the descriptions
+// the trap was given, one a point.
 std::vector<std::string> expectSavesSurviveFaults(const std::filesystem::path& file,
                                                   const std::function<void(StepRunner&)>& save,
-                                                  std::string_view newBytes);
+                                                  std::string_view newBytes, int afterSaves = 0);
 
 } // namespace rd::test
