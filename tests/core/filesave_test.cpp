@@ -13,7 +13,12 @@
 
 #include <gtest/gtest.h>
 
-#ifndef _WIN32
+#ifdef _WIN32
+#ifndef NOMINMAX
+#define NOMINMAX
+#endif
+#include <windows.h>
+#else
 #include <csignal>
 #include <sys/resource.h>
 #include <sys/stat.h>
@@ -239,6 +244,45 @@ TEST(FileSave, CopyingAMissingFileSaysWhichAndMakesNothing) {
               "Path/File access error: cannot copy " + pathText(ws.path("gone.dat")) + " (file not found)");
     EXPECT_FALSE(ws.exists("to/gone.dat"));
 }
+
+// What the system does (Windows) ----------------------------------------------------------------
+
+#ifdef _WIN32
+
+TEST(FileSaveWindows, AReadOnlyFileIsRefusedAndKeptAsItWas) {
+    TempWorkspace ws;
+    ws.writeLines("a.cfg", kOld);
+    const fs::path path = ws.path("a.cfg");
+    ASSERT_TRUE(::SetFileAttributesW(path.c_str(), FILE_ATTRIBUTE_READONLY));
+    EXPECT_EQ(failureOf([&] { writeAllLines(path, kNew); }), "Permission denied: " + pathText(path));
+    EXPECT_EQ(ws.read("a.cfg"), crlf(kOld));
+    EXPECT_TRUE(saveLeftoversIn(ws.root()).empty());
+    ::SetFileAttributesW(path.c_str(), FILE_ATTRIBUTE_NORMAL);
+}
+
+TEST(FileSaveWindows, TheSavedFileIsNotHiddenLikeItsTemporaryFileAndKeepsTheOldFilesAttributes) {
+    TempWorkspace ws;
+    {
+        LineWriter writer(ws.path("new.cfg"));
+        writer.writeLine("under way");
+        const auto left = saveLeftoversIn(ws.root());
+        ASSERT_EQ(left.size(), 1u);
+        const DWORD temporary = ::GetFileAttributesW(ws.path(left[0]).c_str());
+        ASSERT_NE(temporary, INVALID_FILE_ATTRIBUTES);
+        EXPECT_NE(temporary & FILE_ATTRIBUTE_HIDDEN, 0u);
+    }
+    writeAllLines(ws.path("new.cfg"), kNew);
+    const DWORD fresh = ::GetFileAttributesW(ws.path("new.cfg").c_str());
+    ASSERT_NE(fresh, INVALID_FILE_ATTRIBUTES);
+    EXPECT_EQ(fresh & FILE_ATTRIBUTE_HIDDEN, 0u);
+
+    ws.writeLines("shown.cfg", kOld);
+    writeAllLines(ws.path("shown.cfg"), kNew);
+    EXPECT_EQ(::GetFileAttributesW(ws.path("shown.cfg").c_str()) & FILE_ATTRIBUTE_HIDDEN, 0u);
+    EXPECT_EQ(ws.read("shown.cfg"), crlf(kNew));
+}
+
+#endif
 
 // What the system does (POSIX) ------------------------------------------------------------------
 
