@@ -20,6 +20,7 @@
 #include <QListWidget>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QTreeWidget>
 #include <gtest/gtest.h>
 
 #ifndef _WIN32
@@ -206,6 +207,28 @@ TEST(OptionListSaves, OkSurvivesEveryFaultAndRetrySavesTheList) {
         EXPECT_TRUE(saveLeftoversIn(ws.path("Game-Paths/Quake2")).empty());
         EXPECT_FALSE(form.isVisible());
     }
+}
+
+TEST(OptionListSaves, OkSavesRowsAsReadUnlessTheyWereChangedOrPutBackAfterAChange) {
+    TempWorkspace ws;
+    ws.writeLines(kFile, kSample);
+    PromptRecorder prompts;
+    frmOptions form(ws.path(kFile), "Quake2", ws.root());
+    // A row changed in place, and a row taken out of the list, changed and put back.
+    form.lvOptions->topLevelItem(2)->setText(kOptHelpText, "Harder");
+    QTreeWidgetItem* bots = form.lvOptions->takeTopLevelItem(4);
+    bots->setText(kOptKey, "Bots");
+    form.lvOptions->insertTopLevelItem(4, bots);
+    form.cmdOK_Click();
+    auto expected = kSample;
+    expected[6] = "optSkill\tskill.val\t+set skill %s\t\t1\tHarder";
+    expected[10] = "Bots\t0:16\t+set bots %s\t\t2\tHow many bots";
+    EXPECT_EQ(ws.read(kFile), crlf(expected));
+
+    // Unchanged, the rows are written back exactly as read.
+    frmOptions again(ws.path(kFile), "Quake2", ws.root());
+    again.cmdOK_Click();
+    EXPECT_EQ(ws.read(kFile), crlf(expected));
 }
 
 TEST(OptionListSaves, AbortAfterAFailedSaveKeepsTheListOpenAndTheFileWhole) {
