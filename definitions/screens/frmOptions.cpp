@@ -120,6 +120,12 @@ frmOptions::frmOptions(std::filesystem::path path, std::string gameName, std::fi
     Form_Load();
 }
 
+frmOptions::~frmOptions() {
+    // The list view goes after this screen's own members: what it reports on its way out is no
+    // change of the list.
+    disconnect(lvOptions->model(), nullptr, this, nullptr);
+}
+
 void frmOptions::Form_Load() {
     applyUserFont(this);
     showFilePath(lblFilename, path_);

@@ -48,6 +48,7 @@ public:
     // use; `root`: the workspace root (where those lists lie).
     frmOptions(std::filesystem::path path, std::string gameName, std::filesystem::path root,
                QWidget* parent = nullptr);
+    ~frmOptions() override;
 
     // The game whose value and text lists the option editor offers.
     const std::string& gameName() const { return gameName_; }
