@@ -13,6 +13,7 @@
 #include <windows.h>
 #else
 #include <fcntl.h>
+#include <signal.h>
 #include <sys/stat.h>
 #include <unistd.h>
 #endif
@@ -47,6 +48,88 @@ InputFile& InputFile::operator=(InputFile&& other) noexcept {
         size_ = other.size_;
     }
     return *this;
+}
+
+// ---- Saving ----
+
+namespace {
+
+std::optional<SaveFault> activeFault;
+int savesSinceFault = 0;
+
+// Whether the fault strikes the save being begun.
+bool faultStrikesNewSave() {
+    return activeFault && savesSinceFault++ >= activeFault->afterSaves;
+}
+
+bool faultAt(bool faulted, SaveFault::Step step) {
+    return faulted && activeFault && activeFault->step == step;
+}
+
+SaveError faultError() {
+    switch (activeFault->failure) {
+    case SaveFailure::NoSpace:
+        return {SaveFailure::NoSpace, std::generic_category().message(ENOSPC)};
+    case SaveFailure::Denied:
+        return {SaveFailure::Denied, {}};
+    default:
+        return {activeFault->failure, std::generic_category().message(EIO)};
+    }
+}
+
+} // namespace
+
+void setSaveFault(std::optional<SaveFault> fault) {
+    activeFault = fault;
+    savesSinceFault = 0;
+}
+
+NewFile::~NewFile() {
+    discard();
+}
+
+NewFile::NewFile(NewFile&& other) noexcept
+    : path_(std::move(other.path_)), written_(other.written_), exists_(std::exchange(other.exists_, false)),
+      faulted_(other.faulted_) {
+#ifdef _WIN32
+    handle_ = std::exchange(other.handle_, nullptr);
+    attributes_ = other.attributes_;
+#else
+    fd_ = std::exchange(other.fd_, -1);
+#endif
+}
+
+NewFile& NewFile::operator=(NewFile&& other) noexcept {
+    if (this != &other) {
+        discard();
+#ifdef _WIN32
+        handle_ = std::exchange(other.handle_, nullptr);
+        attributes_ = other.attributes_;
+#else
+        fd_ = std::exchange(other.fd_, -1);
+#endif
+        path_ = std::move(other.path_);
+        written_ = other.written_;
+        exists_ = std::exchange(other.exists_, false);
+        faulted_ = other.faulted_;
+    }
+    return *this;
+}
+
+SaveError NewFile::write(const char* bytes, std::size_t count) {
+    if (!isOpen())
+        return {SaveFailure::Other, "the file is not open"};
+    std::size_t allowed = count;
+    const bool full = faultAt(faulted_, SaveFault::Step::Write) && written_ + count > activeFault->afterBytes;
+    if (full)
+        allowed = activeFault->afterBytes > written_
+                      ? static_cast<std::size_t>(activeFault->afterBytes - written_)
+                      : 0;
+    if (const SaveError error = writeAll(bytes, allowed))
+        return error;
+    if (full)
+        return faultError();
+    return {};
 }
 
 #ifdef _WIN32
@@ -132,6 +215,174 @@ std::FILE* openStdio(const fs::path& path, const char* mode) {
     return ::_wfopen(path.c_str(), wideMode.c_str());
 }
 
+namespace {
+
+SaveError saveErrorOf(DWORD error) {
+    switch (error) {
+    case ERROR_FILE_EXISTS:
+    case ERROR_ALREADY_EXISTS:
+        return {SaveFailure::Exists, {}};
+    case ERROR_FILE_NOT_FOUND:
+    case ERROR_PATH_NOT_FOUND:
+    case ERROR_INVALID_NAME:
+    case ERROR_BAD_NETPATH:
+    case ERROR_DIRECTORY:
+        return {SaveFailure::Missing, {}};
+    case ERROR_ACCESS_DENIED:
+    case ERROR_SHARING_VIOLATION:
+    case ERROR_LOCK_VIOLATION:
+    case ERROR_WRITE_PROTECT:
+        return {SaveFailure::Denied, {}};
+    case ERROR_DISK_FULL:
+    case ERROR_HANDLE_DISK_FULL:
+    case ERROR_FILE_TOO_LARGE:
+        return {SaveFailure::NoSpace, std::system_category().message(static_cast<int>(error))};
+    default:
+        return {SaveFailure::Other, std::system_category().message(static_cast<int>(error))};
+    }
+}
+
+SaveError lastSaveError() {
+    return saveErrorOf(::GetLastError());
+}
+
+constexpr DWORD kKeptAttributes = FILE_ATTRIBUTE_ARCHIVE | FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM |
+                                  FILE_ATTRIBUTE_NOT_CONTENT_INDEXED;
+
+} // namespace
+
+SaveError probeSaveTarget(const fs::path& path, SaveTarget& target) {
+    target = SaveTarget{};
+    const DWORD attributes = ::GetFileAttributesW(path.c_str());
+    if (attributes == INVALID_FILE_ATTRIBUTES) {
+        const DWORD error = ::GetLastError();
+        if (error == ERROR_FILE_NOT_FOUND)
+            return {}; // a new file
+        return saveErrorOf(error);
+    }
+    if (attributes & FILE_ATTRIBUTE_DIRECTORY)
+        return {SaveFailure::Folder, {}};
+    if (attributes & FILE_ATTRIBUTE_READONLY)
+        return {SaveFailure::Denied, {}};
+    // Whether the system lets this program write the file (its access rights, another program
+    // holding it open): opened for writing without changing it.
+    HANDLE handle =
+        ::CreateFileW(path.c_str(), GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
+                      nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
+    if (handle == INVALID_HANDLE_VALUE)
+        return lastSaveError();
+    const bool plain = ::GetFileType(handle) == FILE_TYPE_DISK;
+    ::CloseHandle(handle);
+    if (!plain)
+        return {SaveFailure::NotPlain, {}};
+    target.exists = true;
+    return {};
+}
+
+NewFile NewFile::create(const fs::path& path, const fs::path* permissionsOf, SaveError& error) {
+    NewFile file;
+    error = {};
+    const bool faulted = faultStrikesNewSave();
+    if (faultAt(faulted, SaveFault::Step::Create)) {
+        error = faultError();
+        return file;
+    }
+    // Nobody else opens it while it is written; hidden, so listings of the folder pass it by.
+    HANDLE handle = ::CreateFileW(path.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW,
+                                  FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_NOT_CONTENT_INDEXED, nullptr);
+    if (handle == INVALID_HANDLE_VALUE) {
+        error = lastSaveError();
+        return file;
+    }
+    file.handle_ = handle;
+    file.path_ = path;
+    file.exists_ = true;
+    file.faulted_ = faulted;
+    file.attributes_ = FILE_ATTRIBUTE_ARCHIVE;
+    if (permissionsOf) {
+        const DWORD attributes = ::GetFileAttributesW(permissionsOf->c_str());
+        if (attributes != INVALID_FILE_ATTRIBUTES)
+            file.attributes_ = (attributes | FILE_ATTRIBUTE_ARCHIVE) & kKeptAttributes;
+    }
+    return file;
+}
+
+bool NewFile::isOpen() const {
+    return handle_ != nullptr;
+}
+
+SaveError NewFile::writeAll(const char* bytes, std::size_t count) {
+    while (count > 0) {
+        const DWORD want = static_cast<DWORD>(std::min<std::size_t>(count, 1u << 30));
+        DWORD done = 0;
+        if (!::WriteFile(static_cast<HANDLE>(handle_), bytes, want, &done, nullptr))
+            return lastSaveError();
+        if (done == 0)
+            return saveErrorOf(ERROR_DISK_FULL);
+        bytes += done;
+        count -= done;
+        written_ += done;
+    }
+    return {};
+}
+
+SaveError NewFile::finish() {
+    if (!isOpen())
+        return {SaveFailure::Other, "the file is not open"};
+    SaveError error;
+    if (faultAt(faulted_, SaveFault::Step::Flush))
+        error = faultError();
+    else if (!::FlushFileBuffers(static_cast<HANDLE>(handle_)))
+        error = lastSaveError();
+    if (!::CloseHandle(static_cast<HANDLE>(handle_)) && !error)
+        error = lastSaveError();
+    handle_ = nullptr;
+    return error;
+}
+
+SaveError NewFile::replace(const fs::path& target) {
+    if (isOpen() || !exists_)
+        return {SaveFailure::Other, "the file is not finished"};
+    if (faultAt(faulted_, SaveFault::Step::Replace))
+        return faultError();
+    // The target's attributes (a new file: archive only), so the hidden mark goes.
+    ::SetFileAttributesW(path_.c_str(), attributes_);
+    if (!::MoveFileExW(path_.c_str(), target.c_str(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH)) {
+        const SaveError error = lastSaveError();
+        ::SetFileAttributesW(path_.c_str(), FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_NOT_CONTENT_INDEXED);
+        return error;
+    }
+    exists_ = false;
+    return {};
+}
+
+void NewFile::discard() {
+    if (handle_)
+        ::CloseHandle(static_cast<HANDLE>(handle_));
+    handle_ = nullptr;
+    if (exists_)
+        ::DeleteFileW(path_.c_str());
+    exists_ = false;
+}
+
+bool removeFile(const fs::path& path) {
+    return ::DeleteFileW(path.c_str()) != 0;
+}
+
+unsigned long currentProcessId() {
+    return ::GetCurrentProcessId();
+}
+
+bool processRunning(unsigned long id) {
+    HANDLE process = ::OpenProcess(PROCESS_QUERY_LIMITED_INFORMATION, FALSE, static_cast<DWORD>(id));
+    if (!process)
+        return ::GetLastError() == ERROR_ACCESS_DENIED;
+    DWORD code = 0;
+    const bool running = ::GetExitCodeProcess(process, &code) && code == STILL_ACTIVE;
+    ::CloseHandle(process);
+    return running;
+}
+
 #else
 
 InputFile InputFile::open(const fs::path& path) {
@@ -196,6 +447,157 @@ void InputFile::close() {
 
 std::FILE* openStdio(const fs::path& path, const char* mode) {
     return std::fopen(path.c_str(), mode);
+}
+
+namespace {
+
+SaveError saveErrorOf(int error) {
+    switch (error) {
+    case EEXIST:
+        return {SaveFailure::Exists, {}};
+    case ENOENT:
+    case ENOTDIR:
+        return {SaveFailure::Missing, {}};
+    case EISDIR:
+        return {SaveFailure::Folder, {}};
+    case EACCES:
+    case EPERM:
+        return {SaveFailure::Denied, {}};
+    case EROFS:
+    case ETXTBSY:
+        return {SaveFailure::Denied, std::generic_category().message(error)};
+    case ENOSPC:
+    case EDQUOT:
+    case EFBIG:
+        return {SaveFailure::NoSpace, std::generic_category().message(error)};
+    default:
+        return {SaveFailure::Other, std::generic_category().message(error)};
+    }
+}
+
+} // namespace
+
+SaveError probeSaveTarget(const fs::path& path, SaveTarget& target) {
+    target = SaveTarget{};
+    struct stat st {};
+    if (::stat(path.c_str(), &st) != 0) {
+        if (errno == ENOENT)
+            return {}; // a new file (a missing folder shows when the new file is made)
+        return saveErrorOf(errno);
+    }
+    if (S_ISDIR(st.st_mode))
+        return {SaveFailure::Folder, {}};
+    if (!S_ISREG(st.st_mode))
+        return {SaveFailure::NotPlain, {}};
+    // A read-only file is refused as writing it in place would be (the rename would not ask).
+    if (::access(path.c_str(), W_OK) != 0)
+        return saveErrorOf(errno);
+    target.exists = true;
+    return {};
+}
+
+NewFile NewFile::create(const fs::path& path, const fs::path* permissionsOf, SaveError& error) {
+    NewFile file;
+    error = {};
+    const bool faulted = faultStrikesNewSave();
+    if (faultAt(faulted, SaveFault::Step::Create)) {
+        error = faultError();
+        return file;
+    }
+    const int fd = ::open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC | O_NOCTTY, 0666);
+    if (fd < 0) {
+        error = saveErrorOf(errno);
+        return file;
+    }
+    file.fd_ = fd;
+    file.path_ = path;
+    file.exists_ = true;
+    file.faulted_ = faulted;
+    struct stat st {};
+    if (permissionsOf && ::stat(permissionsOf->c_str(), &st) == 0) {
+        // Owner and group where the system allows it (changing them clears set-id bits, so the
+        // mode comes after), then the mode. A failure here keeps the new file's defaults.
+        if ((st.st_uid != ::geteuid() || st.st_gid != ::getegid()) &&
+            ::fchown(fd, st.st_uid, st.st_gid) != 0) {
+            // Not allowed: the new file keeps this program's owner.
+        }
+        ::fchmod(fd, st.st_mode & 07777);
+    }
+    return file;
+}
+
+bool NewFile::isOpen() const {
+    return fd_ >= 0;
+}
+
+SaveError NewFile::writeAll(const char* bytes, std::size_t count) {
+    while (count > 0) {
+        const ssize_t done = ::write(fd_, bytes, count);
+        if (done < 0) {
+            if (errno == EINTR)
+                continue;
+            return saveErrorOf(errno);
+        }
+        if (done == 0)
+            return saveErrorOf(ENOSPC);
+        bytes += done;
+        count -= static_cast<std::size_t>(done);
+        written_ += static_cast<std::uint64_t>(done);
+    }
+    return {};
+}
+
+SaveError NewFile::finish() {
+    if (!isOpen())
+        return {SaveFailure::Other, "the file is not open"};
+    SaveError error;
+    if (faultAt(faulted_, SaveFault::Step::Flush))
+        error = faultError();
+#ifdef __linux__
+    else if (::fdatasync(fd_) != 0) // the data and the size; the times need not wait for the disk
+#else
+    else if (::fsync(fd_) != 0)
+#endif
+        error = saveErrorOf(errno);
+    if (::close(fd_) != 0 && !error && errno != EINTR)
+        error = saveErrorOf(errno);
+    fd_ = -1;
+    return error;
+}
+
+SaveError NewFile::replace(const fs::path& target) {
+    if (isOpen() || !exists_)
+        return {SaveFailure::Other, "the file is not finished"};
+    if (faultAt(faulted_, SaveFault::Step::Replace))
+        return faultError();
+    if (::rename(path_.c_str(), target.c_str()) != 0)
+        return saveErrorOf(errno);
+    exists_ = false;
+    return {};
+}
+
+void NewFile::discard() {
+    if (fd_ >= 0)
+        ::close(fd_);
+    fd_ = -1;
+    if (exists_)
+        ::unlink(path_.c_str());
+    exists_ = false;
+}
+
+bool removeFile(const fs::path& path) {
+    return ::unlink(path.c_str()) == 0;
+}
+
+unsigned long currentProcessId() {
+    return static_cast<unsigned long>(::getpid());
+}
+
+bool processRunning(unsigned long id) {
+    const auto pid = static_cast<pid_t>(id);
+    if (pid <= 0 || static_cast<unsigned long>(pid) != id)
+        return false;
+    return ::kill(pid, 0) == 0 || errno == EPERM;
 }
 
 #endif

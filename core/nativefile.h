@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <cstdio>
 #include <filesystem>
+#include <optional>
 #include <string>
 
 namespace rd::native {
@@ -59,5 +60,98 @@ private:
 
 // std::fopen on a path (the wide-character call on Windows, so every name can be opened).
 std::FILE* openStdio(const std::filesystem::path& path, const char* mode);
+
+// ---- Saving a file: a new file beside the old one, flushed to the disk, renamed over it ----
+
+// Why a step of a save failed.
+enum class SaveFailure {
+    None,
+    Missing,  // a folder of the path is missing
+    Folder,   // the name is a folder
+    NotPlain, // a pipe, a device or anything else that is not a plain file
+    Denied,   // the system refused access (a read-only file or folder, a file in use)
+    Exists,   // the name of the new file is taken
+    NoSpace,  // the disk, a quota or a file size limit is full
+    Other     // any other failure; see SaveError::systemText
+};
+
+struct SaveError {
+    SaveFailure failure = SaveFailure::None;
+    std::string systemText; // the system's own words for the failure
+    explicit operator bool() const { return failure != SaveFailure::None; }
+};
+
+// What lies at the path a save replaces: nothing (a new file), or a plain file the program may
+// write (its permissions are then copied to the new file).
+struct SaveTarget {
+    bool exists = false;
+};
+// Checks the file a save is about to replace: a folder, a device, a read-only file or one the
+// system does not let this program write is refused.
+SaveError probeSaveTarget(const std::filesystem::path& path, SaveTarget& target);
+
+// A new file created for a save, hidden from folder listings where the system can hide it. It is
+// removed unless it was finished and renamed over its target.
+class NewFile {
+public:
+    NewFile() = default;
+    ~NewFile();
+    NewFile(NewFile&& other) noexcept;
+    NewFile& operator=(NewFile&& other) noexcept;
+    NewFile(const NewFile&) = delete;
+    NewFile& operator=(const NewFile&) = delete;
+
+    // Creates `path`, which must not exist yet. When `permissionsOf` names a file, the new file
+    // takes its permissions (POSIX: mode, owner and group where allowed; Windows: attributes).
+    static NewFile create(const std::filesystem::path& path, const std::filesystem::path* permissionsOf,
+                          SaveError& error);
+
+    bool isOpen() const;
+    const std::filesystem::path& path() const { return path_; }
+    // Writes every byte, or fails.
+    SaveError write(const char* bytes, std::size_t count);
+    // Flushes what was written to the disk (fsync; FlushFileBuffers on Windows) and closes.
+    SaveError finish();
+    // Renames the finished file over `target` (in the same folder), replacing it.
+    SaveError replace(const std::filesystem::path& target);
+    // Closes and removes the file (nothing when it was renamed already).
+    void discard();
+
+private:
+    SaveError writeAll(const char* bytes, std::size_t count);
+
+#ifdef _WIN32
+    void* handle_ = nullptr;
+    unsigned long attributes_ = 0; // the target's attributes, given to the file before the rename
+#else
+    int fd_ = -1;
+#endif
+    std::filesystem::path path_;
+    std::uint64_t written_ = 0;
+    bool exists_ = false;  // the file is on disk under path_
+    bool faulted_ = false; // a test's fault strikes this file
+};
+
+// Removes a file; false when it could not be removed.
+bool removeFile(const std::filesystem::path& path);
+
+// This program's process id, and whether a process of that id is running.
+unsigned long currentProcessId();
+bool processRunning(unsigned long id);
+
+// A fault the tests put into the saving of files, in place of a full disk or a failing device.
+// While set, every save meets it.
+struct SaveFault {
+    enum class Step { Create, Write, Flush, Replace };
+    Step step = Step::Write;
+    // Step::Write: the file takes this many bytes, then the failure strikes.
+    std::uint64_t afterBytes = 0;
+    // What the system answers: a full disk by default; Denied as a read-only folder or a file
+    // in use answers.
+    SaveFailure failure = SaveFailure::NoSpace;
+    // The saves begun before it strikes (the files an operation saves before the one it hits).
+    int afterSaves = 0;
+};
+void setSaveFault(std::optional<SaveFault> fault);
 
 } // namespace rd::native

@@ -4,7 +4,6 @@
 #include "core/workspace.h"
 
 #include <algorithm>
-#include <cerrno>
 #include <cstring>
 #include <system_error>
 
@@ -131,19 +130,6 @@ std::vector<LineEndingsAudit::File> LineEndingsAudit::faultyFiles() const {
 namespace {
 
 constexpr std::size_t kChunk = 64 * 1024;
-
-// The description the user sees when a file cannot be opened for writing.
-FileError writeFailure(const fs::path& path, int err) {
-    std::error_code ec;
-    if (fs::is_directory(path, ec))
-        return FileError("Path/File access error: " + pathText(path) + " is a folder");
-    if (err == ENOENT)
-        return FileError("Path not found: " + pathText(path));
-    if (err == EACCES || err == EPERM)
-        return FileError("Permission denied: " + pathText(path));
-    return FileError("Path/File access error: " + pathText(path) + " (" +
-                     std::generic_category().message(err) + ")");
-}
 
 // The description the user sees when a file cannot be opened for reading.
 FileError readFailure(const fs::path& path, const native::InputFile& file) {
@@ -315,36 +301,15 @@ std::vector<std::string> readAllLines(const fs::path& path) {
 
 // ---- Writing ----
 
-LineWriter::LineWriter(const fs::path& path) : path_(path) {
-    std::error_code ec;
-    if (fs::is_directory(path, ec))
-        throw writeFailure(path, EISDIR);
-    errno = 0;
-    file_ = native::openStdio(path, "wb");
-    if (!file_)
-        throw writeFailure(path, errno);
-}
-
-LineWriter::~LineWriter() {
-    if (file_)
-        std::fclose(file_);
-}
+LineWriter::LineWriter(const fs::path& path) : save_(path) {}
 
 void LineWriter::writeLine(std::string_view line) {
-    if (!file_)
-        throw FileError("Bad file name or number: " + pathText(path_) + " is not open");
-    if (std::fwrite(line.data(), 1, line.size(), file_) != line.size() ||
-        std::fwrite("\r\n", 1, 2, file_) != 2)
-        throw FileError("Device I/O error while writing " + pathText(path_));
+    save_.write(line);
+    save_.write("\r\n");
 }
 
 void LineWriter::close() {
-    if (file_) {
-        const int result = std::fclose(file_);
-        file_ = nullptr;
-        if (result != 0)
-            throw FileError("Device I/O error while writing " + pathText(path_));
-    }
+    save_.commit();
 }
 
 void writeAllLines(const fs::path& path, const std::vector<std::string>& lines) {

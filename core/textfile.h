@@ -3,9 +3,9 @@
 // rewritten whole. On reading, a line ends at CR LF or at a lone LF; a lone CR stays in the
 // line, and the bytes after the last terminator are a line of their own.
 
+#include "core/filesave.h"
 #include "core/nativefile.h"
 
-#include <cstdio>
 #include <deque>
 #include <filesystem>
 #include <memory>
@@ -133,12 +133,12 @@ private:
 // Every line of a file, read to its end (the file must exist).
 std::vector<std::string> readAllLines(const std::filesystem::path& path);
 
-// Writes a file line by line: created or truncated on opening, CR LF after every line. A
-// failure part-way leaves what was written so far.
+// Writes a file line by line, CR LF after every line, through a FileSave: the lines go to a new
+// file that replaces the old one on close(). A failure on the way (or a writer dropped without
+// close()) leaves the old file exactly as it was, and no temporary file.
 class LineWriter {
 public:
     explicit LineWriter(const std::filesystem::path& path);
-    ~LineWriter();
     LineWriter(const LineWriter&) = delete;
     LineWriter& operator=(const LineWriter&) = delete;
 
@@ -146,11 +146,11 @@ public:
     void close();
 
 private:
-    std::FILE* file_ = nullptr;
-    std::filesystem::path path_;
+    FileSave save_;
 };
 
-// Rewrites a file whole with the given lines (an empty list gives an empty file).
+// Rewrites a file whole with the given lines (an empty list gives an empty file); on failure the
+// old file stays as it was.
 void writeAllLines(const std::filesystem::path& path, const std::vector<std::string>& lines);
 
 } // namespace rd

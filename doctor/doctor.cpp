@@ -1,5 +1,6 @@
 #include "doctor/doctor.h"
 
+#include "core/filesave.h"
 #include "core/text.h"
 #include "core/textfile.h"
 #include "core/winepaths.h"
@@ -79,6 +80,16 @@ public:
         return joinName(folder_, found->name);
     }
 
+    // The temporary files of saves that never finished, in listing order.
+    std::vector<std::pair<fs::path, SaveLeftover>> saveLeftovers() const {
+        std::vector<std::pair<fs::path, SaveLeftover>> found;
+        for (const auto& entry : entries_)
+            if (!entry.isFolder)
+                if (auto leftover = saveLeftoverOf(entry.name))
+                    found.emplace_back(joinName(folder_, entry.name), std::move(*leftover));
+        return found;
+    }
+
     // The files matching a pattern, in listing order.
     std::vector<fs::path> files(std::string_view pattern) const {
         std::vector<fs::path> paths;
@@ -120,6 +131,16 @@ void readWizardList(const FolderIndex& folder, Findings& out) {
         out.push_back(
             {Severity::Error, *file, std::nullopt, std::string("the file cannot be read: ") + e.what()});
     }
+}
+
+// What a save that was interrupted (the program killed or the machine stopped while it wrote)
+// left beside the file it was saving. The file itself was kept as it was; the leftover is clutter
+// the next save of that file removes.
+void reportSaveLeftovers(const FolderIndex& folder, Findings& out) {
+    for (const auto& [path, leftover] : folder.saveLeftovers())
+        out.push_back({Severity::Warning, path, std::nullopt,
+                       "a temporary file left by an interrupted save of " + inQuotes(leftover.file) +
+                           " (the file was kept as it was before that save); it can be deleted"});
 }
 
 void appendNames(std::vector<std::string>& to, const std::vector<std::string>& from) {
@@ -207,6 +228,7 @@ std::vector<DoctorFinding> Diagnose(const fs::path& root) {
     for (const auto& bot : bots) {
         const fs::path folder = joinName(plugins, bot);
         const FolderIndex index(folder);
+        reportSaveLeftovers(index, out);
         checkPluginSetup(folder, games, out);
         readWizardList(index, out);
         DefinitionFolder definitions{bot, {}, {}};
@@ -220,11 +242,14 @@ std::vector<DoctorFinding> Diagnose(const fs::path& root) {
         botDefinitions.push_back(std::move(definitions));
     }
 
+    // Lists of a bot without a game are saved in Game-Paths itself.
+    reportSaveLeftovers(FolderIndex(gamePaths), out);
     std::map<std::pair<std::string, std::string>, InstalledMaps> catalogues;
     const WinePrefix wine = findWinePrefix(root);
     for (const auto& game : games) {
         const fs::path folder = joinName(gamePaths, game);
         const FolderIndex index(folder);
+        reportSaveLeftovers(index, out);
         const GameCheck check = checkGame(folder, game, out, wine);
         readWizardList(index, out);
         DefinitionFolder definitions{game, game, {}};

@@ -18,6 +18,12 @@ fs::path genderRecordPath(const fs::path& root, std::string_view game) {
 
 ModelGenders LoadModelGenders(const fs::path& root, std::string_view game) {
     ModelGenders genders;
+    LoadModelGenders(root, game, genders);
+    return genders;
+}
+
+void LoadModelGenders(const fs::path& root, std::string_view game, ModelGenders& genders) {
+    genders = ModelGenders{};
     const fs::path folder = resolvePath(gamePathsFolder(root), game);
     genders.saveTarget = genderRecordPath(root, game);
 
@@ -29,13 +35,14 @@ ModelGenders LoadModelGenders(const fs::path& root, std::string_view game) {
     }
     if (models.empty()) {
         genders.noModelsFolder = true;
-        return genders;
+        return;
     }
     genders.male = listModels(models, findWinePrefix(root));
 
+    // From here on OK writes the female list, also when reading it fails below.
     genders.saveTarget = resolvePath(folder, "Female.cfg");
     if (!fileExists(genders.saveTarget))
-        return genders;
+        return;
     LineReader reader(genders.saveTarget);
     while (!reader.atEnd()) {
         std::string name = reader.readLine("");
@@ -46,7 +53,6 @@ ModelGenders LoadModelGenders(const fs::path& root, std::string_view game) {
             genders.male.erase(match);
         genders.female.push_back(std::move(name));
     }
-    return genders;
 }
 
 std::vector<std::string> listModels(std::string_view modelsFolder, const WinePrefix& wine) {

@@ -33,6 +33,10 @@ std::filesystem::path genderRecordPath(const std::filesystem::path& root, std::s
 // Loads the male and female lists of a game. Raises when the record or Female.cfg cannot be
 // read (the caller's error trap reports it); `saveTarget` is set before anything is read.
 ModelGenders LoadModelGenders(const std::filesystem::path& root, std::string_view game);
+// The same, filling `genders` as it goes: when it raises, `genders` holds what was read until
+// then, with the save target of that point (Female.cfg as soon as the models are listed, before
+// Female.cfg itself is read).
+void LoadModelGenders(const std::filesystem::path& root, std::string_view game, ModelGenders& genders);
 
 // The models of a models folder as a record holds it (line 5; a drive path resolves through the
 // workspace's Wine prefix `wine`): its sub-folders, in listing order.

@@ -76,8 +76,9 @@ int copiedFileFolderFromLine(std::string_view line);
 int botConfigFromLine(std::string_view line);
 
 // Writes Setup.Cfg, then Chatfiles.cfg, then writes or deletes Skills.cfg, each a step of
-// `runner`; a failure part-way leaves the files written so far. Existing files are rewritten
-// under the spelling they have.
+// `runner`; a failure part-way leaves the files saved so far, and the failing file exactly as
+// it was (Retry saves it again from its start). Existing files are rewritten under the
+// spelling they have.
 void SavePluginSetup(const std::filesystem::path& folder, const PluginSetup& setup, StepRunner& runner);
 
 // The 23 lines (22 when no chat choice is selected) that SavePluginSetup writes to Setup.Cfg.

@@ -1,6 +1,7 @@
 #include "profiles/botcommands.h"
 
 #include "core/errors.h"
+#include "core/filesave.h"
 #include "core/text.h"
 #include "core/workspace.h"
 #include "profiles/profiles.h"
@@ -120,13 +121,15 @@ bool CopyBaseBotFiles(const fs::path& root, std::string_view name, std::string_v
     if (!folderExists(baseFolder))
         return false;
     for (const auto& file : listFiles(baseFolder, "*.*")) {
+        // What an interrupted save left in the base bot's folder is not one of its files.
+        if (saveLeftoverOf(file))
+            continue;
         runner.step([&] {
             if (fileExists(joinName(folder, file)))
                 return;
-            std::error_code ec;
-            fs::copy_file(joinName(baseFolder, file), joinName(folder, file), ec);
-            if (ec)
-                throw accessError("cannot copy", joinName(baseFolder, file), ec);
+            // A copy cut short by a full disk leaves no half file behind: Retry copies it again
+            // from the start, Ignore goes on without it.
+            copyFileWhole(joinName(baseFolder, file), joinName(folder, file));
         });
     }
     return true;

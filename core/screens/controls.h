@@ -4,6 +4,7 @@
 
 #include <QString>
 
+class QComboBox;
 class QHBoxLayout;
 class QPushButton;
 class QWidget;
@@ -16,7 +17,11 @@ namespace rd {
 QPushButton* makeButton(QWidget* parent, const char* name, const QString& caption, bool enabled = true);
 
 // The row of a dialog's closing buttons, at its bottom right: cmdOK "&OK" and cmdCancel
-// "&Cancel", created into `ok` and `cancel`.
+// "&Cancel", created into `ok` and `cancel`. Escape runs cmdCancel.
 QHBoxLayout* okCancelRow(QWidget* parent, QPushButton*& ok, QPushButton*& cancel);
+
+// Makes a drop-down editable without completion: the text saved is the text typed (no inline
+// completion to a longer entry of its list), and Enter does not add the text to the list.
+void makeTypedOnly(QComboBox* combo);
 
 } // namespace rd

@@ -26,9 +26,7 @@ namespace {
 QComboBox* makeEditableDropDown(QWidget* parent, const char* name, const QString& tip) {
     auto* combo = new QComboBox(parent);
     combo->setObjectName(QString::fromLatin1(name));
-    combo->setEditable(true);
-    combo->setCompleter(nullptr);
-    combo->setInsertPolicy(QComboBox::NoInsert);
+    makeTypedOnly(combo);
     combo->setToolTip(tip);
     return combo;
 }

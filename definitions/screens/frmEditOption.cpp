@@ -213,6 +213,9 @@ void frmEditOption::Form_Load() {
     for (QLineEdit* box : {txtName, txtKey, txtChecked, txtUnchecked, txtHelp, txtParameter})
         box->setCursorPosition(0);
     applyTypeLayout();
+    // What the row holds already needs no check on OK; a change does.
+    for (QLineEdit* field : {txtName, txtKey, txtParameter})
+        markPassed(field);
     txtName->setFocus(Qt::OtherFocusReason);
 }
 
@@ -270,8 +273,8 @@ bool frmEditOption::eventFilter(QObject* watched, QEvent* event) {
         const bool moved = reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason ||
                            reason == Qt::MouseFocusReason || reason == Qt::ShortcutFocusReason;
         QWidget* next = QApplication::focusWidget();
-        // A click on Cancel throws the edit away, so there is nothing to check.
-        const bool cancelling = reason == Qt::MouseFocusReason && next == cmdCancel;
+        // Cancel (clicked, its access key or Escape) throws the edit away: nothing to check.
+        const bool cancelling = next == cmdCancel;
         if (moved && !cancelling && (!next || next->window() == this))
             runCheck(static_cast<QLineEdit*>(watched));
     }
@@ -288,6 +291,22 @@ bool frmEditOption::runCheck(QLineEdit* field) {
     return true;
 }
 
+QString frmEditOption::checkedState(const QLineEdit* field) const {
+    // The parameter's check depends on the type too.
+    if (field == txtParameter)
+        return fromBytes(typeKeyword()) + QLatin1Char('\t') + field->text();
+    return field->text();
+}
+
+void frmEditOption::markPassed(const QLineEdit* field) {
+    passed_[field] = checkedState(field);
+}
+
+bool frmEditOption::checkPassed(const QLineEdit* field) const {
+    const auto it = passed_.find(field);
+    return it != passed_.end() && it->second == checkedState(field);
+}
+
 bool frmEditOption::txtName_LostFocus() {
     const std::string name = toBytes(txtName->text());
     if (auto refusal = optionNameRefusal(name)) {
@@ -296,6 +315,7 @@ bool frmEditOption::txtName_LostFocus() {
     }
     if (refused_ == txtName)
         refused_ = nullptr;
+    markPassed(txtName);
     if (txtKey->text().isEmpty())
         txtKey->setText(fromBytes(MakeKey(optionRowsOf(list_), name, editingRow())));
     return true;
@@ -308,6 +328,7 @@ bool frmEditOption::txtKey_LostFocus() {
     }
     if (refused_ == txtKey)
         refused_ = nullptr;
+    markPassed(txtKey);
     return true;
 }
 
@@ -327,6 +348,7 @@ bool frmEditOption::txtParameter_LostFocus() {
     }
     if (refused_ == txtParameter)
         refused_ = nullptr;
+    markPassed(txtParameter);
     return true;
 }
 
@@ -405,11 +427,13 @@ void frmEditOption::cmdSyntax_Click(int) {
 void frmEditOption::cmdOK_Click() {
     if (refusalPending())
         return;
-    // OK reached without leaving the field (a click made by a program, an accessibility tool):
-    // the field's own check still comes first.
-    if (auto* field = qobject_cast<QLineEdit*>(focusWidget());
-        field && (field == txtName || field == txtKey || field == txtParameter) && !runCheck(field))
-        return;
+    // Every value written must have passed its field's check, however OK was reached: without
+    // leaving the field (a click made by a program, an accessibility tool), or with the focus
+    // moved past the check (pressed on Cancel, dragged off it, then OK). A field whose value
+    // changed since it last passed (or since the editor opened) is checked now.
+    for (QLineEdit* field : {txtName, txtKey, txtParameter})
+        if (!checkPassed(field) && !runCheck(field))
+            return;
 
     const int count = list_->topLevelItemCount();
     const bool inRange = index_ >= 1 && index_ <= count;

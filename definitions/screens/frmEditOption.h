@@ -7,6 +7,7 @@
 #include <QString>
 #include <array>
 #include <filesystem>
+#include <map>
 #include <optional>
 #include <string>
 
@@ -85,6 +86,11 @@ private:
     // The row being edited, 0-based, for the key checks (none for a new row).
     std::optional<std::size_t> editingRow() const;
     bool runCheck(QLineEdit* field);
+    // What a field's check looks at: its text (and for the parameter, the type).
+    QString checkedState(const QLineEdit* field) const;
+    void markPassed(const QLineEdit* field);
+    // Whether the field's check has passed for what it holds now.
+    bool checkPassed(const QLineEdit* field) const;
     void refuse(QLineEdit* field, const QString& message);
     void showRefusal();
     // Whether a refused field still waits for its correction; focus goes back to it.
@@ -103,6 +109,7 @@ private:
     QString refusalMessage_;      // shown once the focus change that caused it is over
     bool refusalQueued_ = false;
     bool returningFocus_ = false;
+    std::map<const QLineEdit*, QString> passed_; // what each checked field held when it last passed
 };
 
 } // namespace rd

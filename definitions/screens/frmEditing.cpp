@@ -130,6 +130,10 @@ void frmEditing::cmdOptions_Click() {
         // The first bot of the list never gets a game name this way; this is kept as it is.
         StepRunner trap(screenTrap(this, QStringLiteral("Editing Options")));
         trap.step([&] { gameName = botGameName(root_, toBytes(list->currentItem()->text())); });
+        // Abort leaves the activity: the option list does not open. (Ignore opens it without
+        // a game name.)
+        if (trap.aborted())
+            return;
     }
     frmOptions options(file, gameName, root_, this);
     options.exec();

@@ -20,30 +20,38 @@
 #include <QPushButton>
 #include <QTreeWidget>
 #include <QVBoxLayout>
+#include <algorithm>
 
 namespace rd {
+
+namespace {
+
+// A row's position in the file it was loaded from (rows added later have none).
+constexpr int kLoadedRowRole = Qt::UserRole + 16;
+
+} // namespace
+
+OptionRow optionRowOf(const QTreeWidgetItem* item) {
+    if (isCategoryRow(item))
+        return OptionRow::category(toBytes(item->text(kOptName)));
+    OptionRow row;
+    row.name = toBytes(item->text(kOptName));
+    row.checked = toBytes(item->text(kOptChecked));
+    row.unchecked = toBytes(item->text(kOptUnchecked));
+    row.helpText = toBytes(item->text(kOptHelpText));
+    row.type = toBytes(item->text(kOptType));
+    row.parameter = toBytes(item->text(kOptParameter));
+    row.where = toBytes(item->text(kOptWhere));
+    row.key = toBytes(item->text(kOptKey));
+    return row;
+}
 
 std::vector<OptionRow> optionRowsOf(const QTreeWidget* view) {
     std::vector<OptionRow> rows;
     const int count = view->topLevelItemCount();
     rows.reserve(static_cast<std::size_t>(count));
-    for (int i = 0; i < count; ++i) {
-        const QTreeWidgetItem* item = view->topLevelItem(i);
-        if (isCategoryRow(item)) {
-            rows.push_back(OptionRow::category(toBytes(item->text(kOptName))));
-            continue;
-        }
-        OptionRow row;
-        row.name = toBytes(item->text(kOptName));
-        row.checked = toBytes(item->text(kOptChecked));
-        row.unchecked = toBytes(item->text(kOptUnchecked));
-        row.helpText = toBytes(item->text(kOptHelpText));
-        row.type = toBytes(item->text(kOptType));
-        row.parameter = toBytes(item->text(kOptParameter));
-        row.where = toBytes(item->text(kOptWhere));
-        row.key = toBytes(item->text(kOptKey));
-        rows.push_back(std::move(row));
-    }
+    for (int i = 0; i < count; ++i)
+        rows.push_back(optionRowOf(view->topLevelItem(i)));
     return rows;
 }
 
@@ -131,16 +139,62 @@ frmOptions::frmOptions(std::filesystem::path path, std::string gameName, std::fi
     Form_Load();
 }
 
+frmOptions::~frmOptions() {
+    // The list view goes after this screen's own members: what it reports on its way out is no
+    // change of the list.
+    disconnect(lvOptions->model(), nullptr, this, nullptr);
+}
+
 void frmOptions::Form_Load() {
     applyUserFont(this);
     showFilePath(lblFilename, path_);
 
-    std::vector<OptionRow> rows;
     StepRunner trap(screenTrap(this, QStringLiteral("Loading Options")));
-    trap.step([&] { rows = LoadDefinitions(path_); });
+    trap.step([&] { loaded_ = LoadDefinitions(path_); });
 
-    fillDefinitionRows(lvOptions, rows, kOptName, categoryIcon_, setOptionRow);
+    // Each option row remembers where it was read from (set before the rows join the view, so
+    // no change is signalled for it).
+    const OptionRow* first = loaded_.data();
+    fillDefinitionRows(lvOptions, loaded_, kOptName, categoryIcon_,
+                       [first](QTreeWidgetItem* item, const OptionRow& row) {
+                           setOptionRow(item, row);
+                           item->setData(kOptName, kLoadedRowRole, static_cast<qulonglong>(&row - first));
+                       });
     fitColumnsToContent(lvOptions, 30);
+    // From now on every change of a row's text or icon, and every row inserted (added, or moved
+    // by taking it out and back), marks the row as touched.
+    QAbstractItemModel* model = lvOptions->model();
+    connect(model, &QAbstractItemModel::dataChanged, this,
+            [this](const QModelIndex& from, const QModelIndex& to) { markTouched(from.row(), to.row()); });
+    connect(model, &QAbstractItemModel::rowsInserted, this,
+            [this](const QModelIndex&, int from, int to) { markTouched(from, to); });
+    // Rows removed or put in another order change the list as a whole.
+    const auto reordered = [this] { pristine_ = false; };
+    connect(model, &QAbstractItemModel::rowsRemoved, this, reordered);
+    connect(model, &QAbstractItemModel::rowsMoved, this, reordered);
+    connect(model, &QAbstractItemModel::layoutChanged, this, reordered);
+    connect(model, &QAbstractItemModel::modelReset, this, reordered);
+}
+
+void frmOptions::markTouched(int first, int last) {
+    pristine_ = false;
+    for (int row = std::max(first, 0); row <= last && row < lvOptions->topLevelItemCount(); ++row)
+        touched_.insert(lvOptions->topLevelItem(row));
+}
+
+std::vector<OptionRow> frmOptions::rowsToSave() const {
+    std::vector<OptionRow> rows;
+    const int count = lvOptions->topLevelItemCount();
+    rows.reserve(static_cast<std::size_t>(count));
+    for (int i = 0; i < count; ++i) {
+        const QTreeWidgetItem* item = lvOptions->topLevelItem(i);
+        const QVariant loaded = item->data(kOptName, kLoadedRowRole);
+        if (loaded.isValid() && !touched_.contains(item) && loaded.toULongLong() < loaded_.size())
+            rows.push_back(loaded_[loaded.toULongLong()]);
+        else
+            rows.push_back(optionRowOf(item));
+    }
+    return rows;
 }
 
 void frmOptions::mnuPopupEdit_Click() {
@@ -195,8 +249,14 @@ void frmOptions::mnuPopupCategoryAdd_Click() {
 void frmOptions::cmdOK_Click() {
     StepRunner trap(screenTrap(this, QStringLiteral("Saving Options")));
     std::vector<OptionRow> rows;
-    trap.step([&] { rows = optionRowsOf(lvOptions); });
-    trap.step([&] { SaveDefinitions(path_, rows); });
+    // A list left as it was loaded is saved from the rows as read.
+    const std::vector<OptionRow>* saving = &loaded_;
+    if (!pristine_)
+        trap.step([&] {
+            rows = rowsToSave();
+            saving = &rows;
+        });
+    trap.step([&] { SaveDefinitions(path_, *saving); });
     if (!trap.aborted())
         accept();
 }

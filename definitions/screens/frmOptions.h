@@ -9,6 +9,7 @@
 #include <QString>
 #include <filesystem>
 #include <string>
+#include <unordered_set>
 #include <vector>
 
 class QAction;
@@ -38,6 +39,8 @@ enum OptionColumn {
 std::vector<OptionRow> optionRowsOf(const QTreeWidget* view);
 // Writes an option's fields into a list-view row (the category icon is not touched).
 void setOptionRow(QTreeWidgetItem* item, const OptionRow& row);
+// The row a list-view row shows (a category when it has the category icon).
+OptionRow optionRowOf(const QTreeWidgetItem* item);
 
 // The type index a Type text stands for (numeric and below the number of types), or -1.
 int optionTypeIndex(const QString& type);
@@ -52,6 +55,7 @@ public:
     // use; `root`: the workspace root (where those lists lie).
     frmOptions(std::filesystem::path path, std::string gameName, std::filesystem::path root,
                QWidget* parent = nullptr);
+    ~frmOptions() override;
 
     // The game whose value and text lists the option editor offers.
     const std::string& gameName() const { return gameName_; }
@@ -80,13 +84,22 @@ public slots:
     void cmdOK_Click();
     void cmdCancel_Click();
 
+    // The rows OK saves: what the list shows, row by row. A row loaded from the file and not
+    // touched since is taken as it was read; only rows that were edited, added or moved are
+    // read back from the list view.
+    std::vector<OptionRow> rowsToSave() const;
+
 private:
     void Form_Load();
+    void markTouched(int first, int last);
 
     std::filesystem::path path_;
     std::string gameName_;
     std::filesystem::path root_;
     QIcon categoryIcon_;
+    std::vector<OptionRow> loaded_;                      // the file's rows as read
+    std::unordered_set<const QTreeWidgetItem*> touched_; // rows changed or inserted since loading
+    bool pristine_ = true;                               // the list is still exactly as loaded
 };
 
 } // namespace rd

@@ -195,11 +195,12 @@ void frmSex::loadLists(const std::string& game) {
 
     StepRunner trap(screenTrap(this, QString::fromLatin1(kGendersLoadTitle.data(),
                                                          static_cast<qsizetype>(kGendersLoadTitle.size()))));
+    // After a failure (answered Abort or Ignore) the screen shows what was read until then, and
+    // OK saves to the file being read: Female.cfg once the models are listed.
     ModelGenders genders;
-    if (!trap.step([&] { genders = LoadModelGenders(root_, game); }))
-        return;
+    const bool loaded = trap.step([&] { LoadModelGenders(root_, game, genders); });
     saveTarget_ = genders.saveTarget;
-    if (genders.noModelsFolder) {
+    if (loaded && genders.noModelsFolder) {
         showMessage(
             this, QString::fromLatin1(kNoModelsFolder.data(), static_cast<qsizetype>(kNoModelsFolder.size())),
             PromptIcon::Exclamation, fromBytes(game));

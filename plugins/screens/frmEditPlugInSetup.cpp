@@ -178,8 +178,8 @@ void frmEditPlugInSetup::buildPathsTab(QWidget* page) {
     lblGame = makeLabel(fraPaths, "lblGame", QStringLiteral("Which Game?"));
     cboGame = new QComboBox(fraPaths);
     cboGame->setObjectName(QStringLiteral("cboGame"));
-    cboGame->setEditable(true);
-    cboGame->setInsertPolicy(QComboBox::NoInsert);
+    // The game saved is the name typed: no completion to a longer game name of the list.
+    makeTypedOnly(cboGame);
     lblGame->setBuddy(cboGame);
     cmdEditGame = makeButton(fraPaths, "cmdEditGame", QStringLiteral("&Edit"));
     cmdEditGame->setToolTip(QStringLiteral("Edit this game's paths"));

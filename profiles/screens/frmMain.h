@@ -6,6 +6,7 @@
 #include <filesystem>
 
 class QCheckBox;
+class QKeyEvent;
 class QLabel;
 class QListWidget;
 class QListWidgetItem;
@@ -58,6 +59,11 @@ public slots:
     void cmdHelp_Click();
     void cmdAbout_Click();
     void cmdOK_Click();
+
+protected:
+    // Escape does not close the main window (closing it ends the program): only "&Quit" and the
+    // window's close button do.
+    void keyPressEvent(QKeyEvent* event) override;
 
 private:
     void Form_Load();

@@ -209,6 +209,7 @@ TEST(DoctorDemo, TheBrokenDemoShowsEveryKindOfFinding) {
         {"", "line feed alone"},
         {"", "carriage return without a line feed"},
         {"", "the last line has no CR LF"},
+        {".rdsave", "a temporary file left by an interrupted save"},
     };
     const auto endsWith = [](const std::string& text, const std::string& end) {
         return text.size() >= end.size() && text.compare(text.size() - end.size(), end.size(), end) == 0;

@@ -5,6 +5,10 @@
 
 #include <gtest/gtest.h>
 
+#ifndef _WIN32
+#include <sys/stat.h>
+#endif
+
 namespace rd::genders_test {
 namespace {
 
@@ -153,6 +157,19 @@ TEST(ModelGenders, FolderStandingWhereTheFemaleListShouldBeFailsOnSave) {
         EXPECT_NE(std::string(e.what()).find("is a folder"), std::string::npos) << e.what();
     }
 }
+
+#ifndef _WIN32
+TEST(ModelGenders, AFemaleListThatCannotBeReadIsTheSaveTargetAndTheModelsReadSoFarStay) {
+    TempWorkspace ws;
+    makeGame(ws, "G", {"male", "female"});
+    ASSERT_EQ(::mkfifo(ws.path("Game-Paths/G/Female.cfg").c_str(), 0644), 0);
+    ModelGenders genders;
+    EXPECT_THROW(LoadModelGenders(ws.root(), "G", genders), std::exception);
+    EXPECT_EQ(genders.saveTarget, ws.path("Game-Paths/G/Female.cfg"));
+    EXPECT_EQ(genders.male, (Names{"female", "male"}));
+    EXPECT_TRUE(genders.female.empty());
+}
+#endif
 
 } // namespace
 } // namespace rd::genders_test

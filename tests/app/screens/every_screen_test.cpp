@@ -148,4 +148,25 @@ TEST(EveryScreen, EveryControlAMouseCanFocusTheKeyboardCanReachToo) {
     });
 }
 
+TEST(EveryScreen, NoEditableDropDownCompletesWhatIsTyped) {
+    DemoCopy demo;
+    PromptRecorder prompts;
+    int editable = 0;
+    rd::forEachScreen(demo.root, [&](QWidget* screen) {
+        for (QComboBox* combo : screen->findChildren<QComboBox*>()) {
+            if (!combo->isEditable())
+                continue;
+            ++editable;
+            EXPECT_EQ(combo->completer(), nullptr)
+                << screen->objectName().toStdString() << ": " << combo->objectName().toStdString()
+                << " completes what is typed";
+            EXPECT_EQ(combo->insertPolicy(), QComboBox::NoInsert)
+                << screen->objectName().toStdString() << ": " << combo->objectName().toStdString()
+                << " adds what is typed to its list";
+        }
+        return true;
+    });
+    EXPECT_GT(editable, 0);
+}
+
 } // namespace every_screen_test
