@@ -3,7 +3,9 @@
 #include "core/screens/qtext.h"
 #include "core/screens/userfont.h"
 
+#include <QAbstractItemDelegate>
 #include <QEvent>
+#include <QFontMetrics>
 #include <QHeaderView>
 #include <QLabel>
 #include <QLayout>
@@ -11,6 +13,7 @@
 #include <QScreen>
 #include <QStackedWidget>
 #include <QStyle>
+#include <QStyleOptionViewItem>
 #include <QTreeView>
 #include <QWidget>
 #include <algorithm>
@@ -25,8 +28,9 @@ namespace {
 constexpr const char* kWantedWidth = "rdWantedWidth";
 // Marks a field whose whole text the screen should show.
 constexpr const char* kWholeText = "rdShowWholeText";
-// How many rows of a list are measured for its columns' widths.
-constexpr int kRowsMeasured = 100;
+// How many rows of a list are measured for its columns' widths: about as many as a list shows
+// when its screen opens.
+constexpr int kRowsMeasured = 32;
 
 // The last column of a view that is shown, or -1.
 int lastShownSection(const QHeaderView* header) {
@@ -154,6 +158,58 @@ void showWholeText(QWidget* control) {
     control->setProperty(kWholeText, true);
 }
 
+namespace {
+
+// The width the first rows of a column need, as the view's delegate draws them. The rows are
+// measured straight from the model: nothing asks the view to lay out every row of a long list
+// before it is shown.
+int contentWidth(const QTreeView* view, int column, int rows) {
+    const QAbstractItemModel* model = view->model();
+    QAbstractItemDelegate* delegate = view->itemDelegateForColumn(column);
+    if (!delegate)
+        delegate = view->itemDelegate();
+    if (!model || !delegate)
+        return 0;
+    QStyleOptionViewItem option;
+    option.initFrom(view);
+    option.font = view->font();
+    const int icon = view->style()->pixelMetric(QStyle::PM_SmallIconSize, nullptr, view);
+    option.decorationSize = view->iconSize().isValid() ? view->iconSize() : QSize(icon, icon);
+    option.decorationPosition = QStyleOptionViewItem::Left;
+    option.decorationAlignment = Qt::AlignCenter;
+    option.displayAlignment = Qt::AlignLeft | Qt::AlignVCenter;
+    option.textElideMode = view->textElideMode();
+    option.widget = view;
+    // The first column of a tree also holds the rows' indentation.
+    const int indentation =
+        column == view->header()->logicalIndex(0) && view->rootIsDecorated() ? view->indentation() : 0;
+    // Rows that differ only in their text need room for it and the same margins, so the delegate
+    // measures the row with the widest text; rows with a picture or a font of their own are
+    // measured each.
+    const QFontMetrics metrics(view->font());
+    int widest = 0;
+    int widestText = -1;
+    QModelIndex widestRow;
+    const int count = std::min(model->rowCount(view->rootIndex()), rows);
+    for (int row = 0; row < count; ++row) {
+        const QModelIndex index = model->index(row, column, view->rootIndex());
+        if (index.data(Qt::DecorationRole).isValid() || index.data(Qt::FontRole).isValid()) {
+            widest = std::max(widest, delegate->sizeHint(option, index).width() + indentation);
+            continue;
+        }
+        const int text = metrics.horizontalAdvance(index.data(Qt::DisplayRole).toString());
+        if (text > widestText) {
+            widestText = text;
+            widestRow = index;
+        }
+    }
+    if (widestRow.isValid())
+        widest = std::max(widest, delegate->sizeHint(option, widestRow).width() + indentation);
+    return widest;
+}
+
+} // namespace
+
 void fitColumnsToContent(QTreeView* view, int maxChars) {
     QHeaderView* header = view->header();
     const int last = lastShownSection(header);
@@ -162,22 +218,18 @@ void fitColumnsToContent(QTreeView* view, int maxChars) {
     // caption ("Key"), and the stretched last column never gets narrower than it.
     header->setMinimumSectionSize(3 * header->fontMetrics().averageCharWidth());
     // The rows a list shows when it opens, and more, are measured; not every row of a long list.
-    const int precision = header->resizeContentsPrecision();
-    header->setResizeContentsPrecision(kRowsMeasured);
     int total = 0;
     for (int section = 0; section < header->count(); ++section) {
         if (header->isSectionHidden(section))
             continue;
         const int caption = header->sectionSizeHint(section);
-        // (The view's own size hint is protected; its base class's is not.)
-        const int rows = static_cast<const QAbstractItemView*>(view)->sizeHintForColumn(section);
+        const int rows = contentWidth(view, section, kRowsMeasured);
         const int width = std::max(caption, std::min(rows, widest));
         // A stretched last column never gets narrower than the size it was given before: its
         // caption's width, so that it can give way when the list is narrow.
         header->resizeSection(section, section == last && header->stretchLastSection() ? caption : width);
         total += width;
     }
-    header->setResizeContentsPrecision(precision);
     view->setProperty(kWantedWidth, total + viewChrome(view));
 }
 

@@ -439,7 +439,7 @@ void frmEditOption::cmdOK_Click() {
     const bool inRange = index_ >= 1 && index_ <= count;
     QTreeWidgetItem* item = nullptr;
     if (newRow_ || !inRange) {
-        item = new QTreeWidgetItem;
+        item = newOptionItem();
         if (inRange)
             list_->insertTopLevelItem(index_ - 1, item);
         else
@@ -453,7 +453,6 @@ void frmEditOption::cmdOK_Click() {
     item->setText(kOptHelpText, txtHelp->text());
     item->setText(kOptType,
                   cboType->currentIndex() >= 0 ? QString::number(cboType->currentIndex()) : originalType_);
-    setOptionTypeTip(item);
     item->setText(kOptParameter, txtParameter->text());
     item->setText(kOptKey, txtKey->text());
     const int where = whereGroup_->checkedId();

@@ -64,7 +64,6 @@ void setOptionRow(QTreeWidgetItem* item, const OptionRow& row) {
     item->setText(kOptParameter, fromBytes(row.parameter));
     item->setText(kOptWhere, fromBytes(row.where));
     item->setText(kOptKey, fromBytes(row.key));
-    setOptionTypeTip(item);
 }
 
 int optionTypeIndex(const QString& type) {
@@ -77,11 +76,23 @@ int optionTypeIndex(const QString& type) {
     return static_cast<int>(value);
 }
 
-void setOptionTypeTip(QTreeWidgetItem* item) {
-    const int type = optionTypeIndex(item->text(kOptType));
-    item->setToolTip(kOptType, type >= 0
-                                   ? QString::fromLatin1(kOptionTypeCaptions[static_cast<std::size_t>(type)])
-                                   : QString());
+namespace {
+
+class OptionItem : public QTreeWidgetItem {
+public:
+    QVariant data(int column, int role) const override {
+        if (column != kOptType || role != Qt::ToolTipRole)
+            return QTreeWidgetItem::data(column, role);
+        const int type = optionTypeIndex(text(kOptType));
+        return type >= 0 ? QString::fromLatin1(kOptionTypeCaptions[static_cast<std::size_t>(type)])
+                         : QString();
+    }
+};
+
+} // namespace
+
+QTreeWidgetItem* newOptionItem() {
+    return new OptionItem;
 }
 
 frmOptions::frmOptions(std::filesystem::path path, std::string gameName, std::filesystem::path root,
@@ -155,11 +166,13 @@ void frmOptions::Form_Load() {
     // Each option row remembers where it was read from (set before the rows join the view, so
     // no change is signalled for it).
     const OptionRow* first = loaded_.data();
-    fillDefinitionRows(lvOptions, loaded_, kOptName, categoryIcon_,
-                       [first](QTreeWidgetItem* item, const OptionRow& row) {
-                           setOptionRow(item, row);
-                           item->setData(kOptName, kLoadedRowRole, static_cast<qulonglong>(&row - first));
-                       });
+    fillDefinitionRows(
+        lvOptions, loaded_, kOptName, categoryIcon_,
+        [first](QTreeWidgetItem* item, const OptionRow& row) {
+            setOptionRow(item, row);
+            item->setData(kOptName, kLoadedRowRole, static_cast<qulonglong>(&row - first));
+        },
+        newOptionItem);
     fitColumnsToContent(lvOptions, 30);
     // From now on every change of a row's text or icon, and every row inserted (added, or moved
     // by taking it out and back), marks the row as touched.

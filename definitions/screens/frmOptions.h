@@ -44,9 +44,11 @@ OptionRow optionRowOf(const QTreeWidgetItem* item);
 
 // The type index a Type text stands for (numeric and below the number of types), or -1.
 int optionTypeIndex(const QString& type);
-// Sets the tooltip of a row's Type cell: the kind its number stands for ("Number" for "3"); none
-// when the number stands for no kind. The cell itself keeps the number the file holds.
-void setOptionTypeTip(QTreeWidgetItem* item);
+// A new list-view row for an option. The tooltip of its Type cell names the kind the cell's number
+// stands for ("Number" for "3"), none when it stands for no kind; the cell itself keeps the number
+// the file holds. The tooltip is worked out when it is asked for, so it follows every change of the
+// number and costs nothing for the rows nobody points at.
+QTreeWidgetItem* newOptionItem();
 
 class frmOptions : public QDialog {
     Q_OBJECT

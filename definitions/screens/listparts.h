@@ -33,17 +33,18 @@ bool isCategoryRow(const QTreeWidgetItem* item);
 QTreeWidgetItem* makeCategoryItem(int column, const QString& name, const QIcon& icon);
 
 // Fills `view` in one batch with the rows of a definition file: a category row shows its name in
-// `nameColumn` with the category icon, any other row is written into its item by `setRow`.
-template <class Row, class SetRow>
+// `nameColumn` with the category icon, any other row is written by `setRow` into an item made by
+// `newItem`.
+template <class Row, class SetRow, class NewItem>
 void fillDefinitionRows(QTreeWidget* view, const std::vector<Row>& rows, int nameColumn, const QIcon& icon,
-                        SetRow setRow) {
+                        SetRow setRow, NewItem newItem) {
     QList<QTreeWidgetItem*> items;
     items.reserve(static_cast<qsizetype>(rows.size()));
     for (const Row& row : rows) {
         if (row.isCategory) {
             items.append(makeCategoryItem(nameColumn, fromBytes(row.name), icon));
         } else {
-            auto* item = new QTreeWidgetItem;
+            QTreeWidgetItem* item = newItem();
             setRow(item, row);
             items.append(item);
         }
@@ -51,6 +52,12 @@ void fillDefinitionRows(QTreeWidget* view, const std::vector<Row>& rows, int nam
     view->setUpdatesEnabled(false);
     view->addTopLevelItems(items);
     view->setUpdatesEnabled(true);
+}
+
+template <class Row, class SetRow>
+void fillDefinitionRows(QTreeWidget* view, const std::vector<Row>& rows, int nameColumn, const QIcon& icon,
+                        SetRow setRow) {
+    fillDefinitionRows(view, rows, nameColumn, icon, setRow, [] { return new QTreeWidgetItem; });
 }
 
 // A label named `name` with `caption`, the buddy of `buddy` (so Alt+letter and screen readers
