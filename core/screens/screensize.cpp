@@ -18,6 +18,7 @@
 #include <QWidget>
 #include <algorithm>
 #include <cmath>
+#include <utility>
 #include <vector>
 
 namespace rd {
@@ -184,12 +185,12 @@ int contentWidth(const QTreeView* view, int column, int rows) {
     const int indentation =
         column == view->header()->logicalIndex(0) && view->rootIsDecorated() ? view->indentation() : 0;
     // Rows that differ only in their text need room for it and the same margins, so the delegate
-    // measures the row with the widest text; rows with a picture or a font of their own are
-    // measured each.
-    const QFontMetrics metrics(view->font());
+    // measures the row whose text is widest; rows with a picture or a font of their own are
+    // measured each. Laying out text is the costly part, so only the longest texts are laid out
+    // to find the widest.
+    constexpr std::size_t kLongestLaidOut = 4;
+    std::vector<std::pair<qsizetype, QModelIndex>> longest; // (characters, row), longest first
     int widest = 0;
-    int widestText = -1;
-    QModelIndex widestRow;
     const int count = std::min(model->rowCount(view->rootIndex()), rows);
     for (int row = 0; row < count; ++row) {
         const QModelIndex index = model->index(row, column, view->rootIndex());
@@ -197,6 +198,19 @@ int contentWidth(const QTreeView* view, int column, int rows) {
             widest = std::max(widest, delegate->sizeHint(option, index).width() + indentation);
             continue;
         }
+        const qsizetype length = index.data(Qt::DisplayRole).toString().size();
+        const auto at = std::find_if(longest.begin(), longest.end(),
+                                     [length](const auto& entry) { return entry.first < length; });
+        if (at != longest.end() || longest.size() < kLongestLaidOut) {
+            longest.insert(at, {length, index});
+            if (longest.size() > kLongestLaidOut)
+                longest.pop_back();
+        }
+    }
+    const QFontMetrics metrics(view->font());
+    int widestText = -1;
+    QModelIndex widestRow;
+    for (const auto& [length, index] : longest) {
         const int text = metrics.horizontalAdvance(index.data(Qt::DisplayRole).toString());
         if (text > widestText) {
             widestText = text;
