@@ -41,7 +41,8 @@ TempWorkspace::~TempWorkspace() {
 }
 
 fs::path TempWorkspace::path(std::string_view relative) const {
-    return root_ / fs::path(std::string(relative));
+    // In the system's own spelling (backslashes on Windows), as the program shows paths.
+    return (root_ / fs::path(std::string(relative))).make_preferred();
 }
 
 void TempWorkspace::folder(std::string_view relative) const {

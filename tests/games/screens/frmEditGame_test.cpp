@@ -577,6 +577,10 @@ TEST(GameEditor, CancellingAFolderPickerKeepsTheTextBoxValue) {
 }
 
 TEST(GameEditor, FolderPickerStartsAtTheBoxFolderAndItsChoiceReplacesTheText) {
+#ifdef _WIN32
+    GTEST_SKIP() << "under Wine the test folders lie on drive Z: (the build machine's root), which reports "
+                    "no volume, so the picker starts on C:";
+#endif
     TempWorkspace ws;
     ws.folder("install/Quake2/baseq2/maps");
     ws.folder("install/Quake2/baseq2/players");

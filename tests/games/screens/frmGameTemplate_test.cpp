@@ -71,6 +71,9 @@ TEST(GameTemplateEditor, LoadsTheGamesTemplateWithTheTemplateDefaultsForMissingL
 }
 
 TEST(GameTemplateEditor, TemplateIsFoundWhateverTheCaseOfItsName) {
+#ifdef _WIN32
+    GTEST_SKIP() << "Windows file systems ignore case: the name in other letters is the same file";
+#endif
     TempWorkspace ws;
     ws.writeLines("game-paths/Quake2/TEMPLATE.CFG", {"<PATH>x"});
     auto form = openTemplate(ws);

@@ -494,7 +494,12 @@ TEST(CategoryEditor, ATenMegabyteLineOpensAsOneRow) {
     ASSERT_EQ(e.form.lvMaps->topLevelItemCount(), 1);
     EXPECT_EQ(e.form.lvMaps->topLevelItem(0)->text(0).size(), 10 * 1024 * 1024);
     e.form.repaint();
-    EXPECT_LT(clock.elapsed(), 8000); // drawn whole, such a line took half a minute
+#ifdef _WIN32
+    const qint64 limit = 20000; // under Wine, where the Windows build's tests run, about twice as slow
+#else
+    const qint64 limit = 8000;
+#endif
+    EXPECT_LT(clock.elapsed(), limit); // drawn whole, such a line took half a minute
     QTest::mouseClick(e.form.cmdOK, Qt::LeftButton);
     EXPECT_EQ(ws.read(kFile), before);
 }
@@ -520,7 +525,11 @@ TEST(CategoryEditor, AFolderWhereTheFileShouldBeOpensEmptyAndOkReportsTheSavingE
 TEST(CategoryEditor, AFileThatCannotBeReadIsReportedUnderTheLoadingTitle) {
     TempWorkspace ws;
     ws.folder("Game-Paths/Quake2");
+#ifdef _WIN32
+    GTEST_SKIP() << "a named pipe in a file's place is POSIX only";
+#else
     ASSERT_EQ(::mkfifo(ws.path(kFile).c_str(), 0600), 0);
+#endif
     PromptRecorder prompts;
     frmCustomMaps form(ws.root(), "Quake2", "Deathmatch", categoryPath(ws.root(), "Quake2", "Deathmatch"));
     ASSERT_EQ(prompts.calls().size(), 1u);

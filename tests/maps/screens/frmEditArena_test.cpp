@@ -368,7 +368,11 @@ TEST(ArenaList, AFolderWhereTheFileShouldBeOpensEmptyAndOkReportsTheError) {
 TEST(ArenaList, AFileThatCannotBeReadIsReportedWhenTheListOpens) {
     TempWorkspace ws;
     ws.folder("Game-Paths/Quake2");
+#ifdef _WIN32
+    GTEST_SKIP() << "a named pipe in a file's place is POSIX only";
+#else
     ASSERT_EQ(::mkfifo(ws.path(kFile).c_str(), 0600), 0);
+#endif
     PromptRecorder prompts;
     frmEditArena form(arenaPath(ws.root(), "Quake2", "q2dm1"), "q2dm1");
     ASSERT_EQ(prompts.calls().size(), 1u);

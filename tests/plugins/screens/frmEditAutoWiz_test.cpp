@@ -401,7 +401,11 @@ TEST(AutoExecWizardEditor, TheContextMenuKeyOpensThePopup) {
 TEST(AutoExecWizardEditor, AFileThatCannotBeReadIsReportedUnderTheAddingABotTitle) {
     TempWorkspace ws;
     ws.folder("Plug-Ins/Eraser");
+#ifdef _WIN32
+    GTEST_SKIP() << "a named pipe in a file's place is POSIX only";
+#else
     ASSERT_EQ(::mkfifo(ws.path("Plug-Ins/Eraser/ExecCommands.cfg").c_str(), 0600), 0);
+#endif
     PromptRecorder prompts;
     Editor e(ws);
     ASSERT_EQ(prompts.calls().size(), 1u);

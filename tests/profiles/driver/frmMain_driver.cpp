@@ -23,8 +23,8 @@ int main(int argc, char** argv) {
         std::fprintf(stderr, "usage: frmMain_driver <workspace root> <button> <list entry>\n");
         return 2;
     }
-    if (!std::getenv("QT_QPA_PLATFORM"))
-        setenv("QT_QPA_PLATFORM", "offscreen", 1);
+    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
     QApplication app(argc, argv);
     if (!rd::installScriptedPromptsFromEnvironment()) {
         std::fprintf(stderr, "frmMain_driver needs ROSTERDESK_PROMPTS=print\n");

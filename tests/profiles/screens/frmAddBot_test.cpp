@@ -107,6 +107,9 @@ TEST(AddBotDialog, AnEmptyNameIsRefusedAndTheDialogStaysOpen) {
 }
 
 TEST(AddBotDialog, ANameThatExistsInOtherLetterCaseIsRefused) {
+#ifdef _WIN32
+    GTEST_SKIP() << "Windows file systems ignore case: the name in other letters is the same file";
+#endif
     TempWorkspace ws;
     ws.writeLines("Plug-Ins/Eraser/Setup.cfg", {"Quake2"});
     Bots bots({"Eraser"});

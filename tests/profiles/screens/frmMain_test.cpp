@@ -147,7 +147,11 @@ TEST(MainWindow, UnreadableProfileCfgIsReportedUnderLoadingConfigFileWhileTheHou
     TempWorkspace ws;
     ws.folder("Plug-Ins/Eraser");
     ws.folder("Broken");
+#ifdef _WIN32
+    GTEST_SKIP() << "a named pipe in a file's place is POSIX only";
+#else
     ASSERT_EQ(::mkfifo(ws.path("Broken/profile.cfg").c_str(), 0600), 0);
+#endif
     ws.writeLines("Good/profile.cfg", {"Eraser"});
     frmMain form(ws.root());
     form.show();
