@@ -40,6 +40,14 @@ if(NOT CMAKE_CROSSCOMPILING_EMULATOR)
     endif()
     set(CMAKE_CROSSCOMPILING_EMULATOR ${PROJECT_SOURCE_DIR}/scripts/wine-run ${CMAKE_BINARY_DIR}/wineprefix
                                       ${ROSTERDESK_WINE})
+    if(ROSTERDESK_WINDOWS_GUI)
+        # The test programs of the desktop build run on the zip's own files (scripts/test-windows
+        # unpacks it into build-windows-gui/zip): its Qt DLLs and the compiler's runtime DLLs, found
+        # through WINEPATH, and its platform plugins (tests/CMakeLists.txt writes the qt.conf). The programs that run while building (the demo generator) and
+        # rosterdesk-cli are linked without DLLs, as in the data build.
+        string(REPLACE "/" "\\" zip_native ${CMAKE_BINARY_DIR}/zip)
+        list(PREPEND CMAKE_CROSSCOMPILING_EMULATOR ${CMAKE_COMMAND} -E env "WINEPATH=Z:${zip_native}")
+    endif()
 endif()
 
 # A host path as the Windows programs see it under Wine: drive Z: is the build machine's root.
