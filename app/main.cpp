@@ -11,8 +11,8 @@
 //                                 Launcher Folder…");
 //   ROSTERDESK_SCREENSHOT=<file>  save a picture of the first screen, then quit;
 //   ROSTERDESK_REPORT_START=1     print the workspace and how it was found, the start-up decision,
-//                                 the first screen and how the desktop knows the program (desktop
-//                                 entry, icon), then quit;
+//                                 the first screen, how the desktop knows the program (desktop
+//                                 entry, icon) and Qt's platform plugin, then quit;
 //   ROSTERDESK_PROMPTS=print      print every message box and input box instead of showing it and
 //                                 answer it from a script, so a test can run the program to its
 //                                 end (core/screens/scriptedprompts.h); the first-start window is
@@ -36,8 +36,12 @@
 #include <QIcon>
 #include <QImage>
 #include <QPixmap>
+#include <QPluginLoader>
 #include <QPointer>
 #include <QSettings>
+#include <QStyle>
+#include <QStyleFactory>
+#include <QStylePlugin>
 #include <QTimer>
 #include <QWidget>
 #include <cstdio>
@@ -64,13 +68,39 @@ QWidget* openFirstScreen(const rd::StartupDecision& decision, const std::filesys
     return new rd::frmMain(root);
 }
 
+#ifdef _WIN32
+// On Windows the program lives in the launcher's folder, where every folder is a profile: Qt's
+// plugins lie beside the program, not in platforms\ and styles\ folders of their own.
+void usePluginsBesideTheProgram(const std::filesystem::path& folder) {
+    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM_PLUGIN_PATH"))
+        qputenv("QT_QPA_PLATFORM_PLUGIN_PATH", QString::fromStdU16String(folder.u16string()).toLocal8Bit());
+}
+
+// The Windows style of the desktop the program runs on, from its plugin beside the program.
+void useWindowsStyleBesideTheProgram(const std::filesystem::path& folder) {
+    if (qEnvironmentVariableIsSet("QT_STYLE_OVERRIDE") ||
+        QStyleFactory::keys().contains(QStringLiteral("windowsvista")))
+        return;
+    QPluginLoader loader(QString::fromStdU16String((folder / "qwindowsvistastyle.dll").u16string()));
+    if (auto* plugin = qobject_cast<QStylePlugin*>(loader.instance()))
+        if (QStyle* style = plugin->create(QStringLiteral("windowsvista")))
+            QApplication::setStyle(style);
+}
+#endif
+
 } // namespace
 
 int main(int argc, char** argv) {
     // The launcher's free-text command line, taken before Qt looks at the arguments.
     const std::string commandLine = rd::utf8ToCp1252(rd::joinCommandLine(argc, argv));
 
+#ifdef _WIN32
+    usePluginsBesideTheProgram(rd::programFolder(argv[0]));
+#endif
     QApplication app(argc, argv);
+#ifdef _WIN32
+    useWindowsStyleBesideTheProgram(rd::programFolder(argv[0]));
+#endif
     // The settings (the launcher's folder, remembered) live under these names.
     QApplication::setOrganizationName(QStringLiteral("RosterDesk"));
     QApplication::setApplicationName(QStringLiteral("RosterDesk"));
@@ -107,11 +137,12 @@ int main(int argc, char** argv) {
             // The window icon as drawn at 32 pixels ("none" when there is none to draw).
             const QImage icon = QApplication::windowIcon().pixmap(32, 32).toImage();
             std::printf(
-                "desktopFileName=%s\nwindowIcon=%s\n",
+                "desktopFileName=%s\nwindowIcon=%s\nplatform=%s\n",
                 QGuiApplication::desktopFileName().toUtf8().constData(),
                 icon.isNull()
                     ? "none"
-                    : QStringLiteral("%1x%2").arg(icon.width()).arg(icon.height()).toUtf8().constData());
+                    : QStringLiteral("%1x%2").arg(icon.width()).arg(icon.height()).toUtf8().constData(),
+                QGuiApplication::platformName().toUtf8().constData());
             std::fflush(stdout);
             QApplication::quit();
         });
