@@ -4,6 +4,7 @@
 
 #include <QComboBox>
 #include <QHBoxLayout>
+#include <QMenu>
 #include <QPushButton>
 #include <algorithm>
 
@@ -37,6 +38,12 @@ QPushButton* makeButton(QWidget* parent, const char* name, const QString& captio
     // Run from the keyboard, it takes the focus first (once for the whole program).
     keyboardCommandsTakeFocus();
     return button;
+}
+
+QAction* makeMenuEntry(QMenu* menu, const char* name, const QString& caption) {
+    QAction* action = menu->addAction(caption);
+    action->setObjectName(QString::fromLatin1(name));
+    return action;
 }
 
 QHBoxLayout* okCancelRow(QWidget* parent, QPushButton*& ok, QPushButton*& cancel) {

@@ -4,8 +4,10 @@
 
 #include <QString>
 
+class QAction;
 class QComboBox;
 class QHBoxLayout;
+class QMenu;
 class QPushButton;
 class QWidget;
 
@@ -15,6 +17,9 @@ namespace rd {
 // either side, at least). It does not become the default button when it gets the focus, so Enter
 // in a list or text box is left to that control.
 QPushButton* makeButton(QWidget* parent, const char* name, const QString& caption, bool enabled = true);
+
+// An entry of a popup menu with its caption, named `name`.
+QAction* makeMenuEntry(QMenu* menu, const char* name, const QString& caption);
 
 // The row of a dialog's closing buttons, at its bottom right: cmdOK "&OK" and cmdCancel
 // "&Cancel", created into `ok` and `cancel`. Escape runs cmdCancel.

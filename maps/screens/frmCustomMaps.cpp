@@ -30,16 +30,6 @@
 
 namespace rd {
 
-namespace {
-
-QAction* popupEntry(QMenu* menu, const char* name, const QString& caption) {
-    QAction* action = menu->addAction(caption);
-    action->setObjectName(QString::fromLatin1(name));
-    return action;
-}
-
-} // namespace
-
 frmCustomMaps::frmCustomMaps(std::filesystem::path root, std::string game, std::string category,
                              std::filesystem::path path, QWidget* parent)
     : QDialog(parent), root_(std::move(root)), game_(std::move(game)), category_(std::move(category)),
@@ -71,14 +61,14 @@ frmCustomMaps::frmCustomMaps(std::filesystem::path root, std::string game, std::
 
     mnuPopup = new QMenu(this);
     mnuPopup->setObjectName(QStringLiteral("mnuPopup"));
-    mnuPopupEdit = popupEntry(mnuPopup, "mnuPopupEdit", QStringLiteral("&Edit"));
-    mnuPopupAdd = popupEntry(mnuPopup, "mnuPopupAdd", QStringLiteral("&Add"));
-    mnuPopupGet = popupEntry(mnuPopup, "mnuPopupGet", QStringLiteral("&Get Installed Maps..."));
+    mnuPopupEdit = makeMenuEntry(mnuPopup, "mnuPopupEdit", QStringLiteral("&Edit"));
+    mnuPopupAdd = makeMenuEntry(mnuPopup, "mnuPopupAdd", QStringLiteral("&Add"));
+    mnuPopupGet = makeMenuEntry(mnuPopup, "mnuPopupGet", QStringLiteral("&Get Installed Maps..."));
     mnuPopup->addSeparator();
-    mnuPopupMoveUp = popupEntry(mnuPopup, "mnuPopupMoveUp", QStringLiteral("Move &Up"));
-    mnuPopupMoveDown = popupEntry(mnuPopup, "mnuPopupMoveDown", QStringLiteral("&Move Down"));
+    mnuPopupMoveUp = makeMenuEntry(mnuPopup, "mnuPopupMoveUp", QStringLiteral("Move &Up"));
+    mnuPopupMoveDown = makeMenuEntry(mnuPopup, "mnuPopupMoveDown", QStringLiteral("&Move Down"));
     mnuPopup->addSeparator();
-    mnuPopupDelete = popupEntry(mnuPopup, "mnuPopupDelete", QStringLiteral("&Delete"));
+    mnuPopupDelete = makeMenuEntry(mnuPopup, "mnuPopupDelete", QStringLiteral("&Delete"));
     mnuPopup->setDefaultAction(mnuPopupEdit);
 
     auto* mapList = new QVBoxLayout;

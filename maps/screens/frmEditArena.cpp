@@ -26,16 +26,6 @@
 
 namespace rd {
 
-namespace {
-
-QAction* popupEntry(QMenu* menu, const char* name, const QString& caption) {
-    QAction* action = menu->addAction(caption);
-    action->setObjectName(QString::fromLatin1(name));
-    return action;
-}
-
-} // namespace
-
 frmEditArena::frmEditArena(std::filesystem::path path, const std::string& map, QWidget* parent)
     : QDialog(parent), path_(std::move(path)) {
     setObjectName(QStringLiteral("frmEditArena"));
@@ -59,13 +49,13 @@ frmEditArena::frmEditArena(std::filesystem::path path, const std::string& map, Q
 
     mnuPopup = new QMenu(this);
     mnuPopup->setObjectName(QStringLiteral("mnuPopup"));
-    mnuPopupEdit = popupEntry(mnuPopup, "mnuPopupEdit", QStringLiteral("&Edit"));
-    mnuPopupAdd = popupEntry(mnuPopup, "mnuPopupAdd", QStringLiteral("&Add"));
+    mnuPopupEdit = makeMenuEntry(mnuPopup, "mnuPopupEdit", QStringLiteral("&Edit"));
+    mnuPopupAdd = makeMenuEntry(mnuPopup, "mnuPopupAdd", QStringLiteral("&Add"));
     mnuPopup->addSeparator();
-    mnuPopupMoveUp = popupEntry(mnuPopup, "mnuPopupMoveUp", QStringLiteral("Move &Up"));
-    mnuPopupMoveDown = popupEntry(mnuPopup, "mnuPopupMoveDown", QStringLiteral("&Move Down"));
+    mnuPopupMoveUp = makeMenuEntry(mnuPopup, "mnuPopupMoveUp", QStringLiteral("Move &Up"));
+    mnuPopupMoveDown = makeMenuEntry(mnuPopup, "mnuPopupMoveDown", QStringLiteral("&Move Down"));
     mnuPopup->addSeparator();
-    mnuPopupDelete = popupEntry(mnuPopup, "mnuPopupDelete", QStringLiteral("&Delete"));
+    mnuPopupDelete = makeMenuEntry(mnuPopup, "mnuPopupDelete", QStringLiteral("&Delete"));
     mnuPopup->setDefaultAction(mnuPopupEdit);
 
     auto* top = new QVBoxLayout(this);
