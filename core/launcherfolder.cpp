@@ -1,5 +1,6 @@
 #include "core/launcherfolder.h"
 
+#include "core/nativeprocess.h"
 #include "core/text.h"
 #include "core/workspace.h"
 
@@ -77,15 +78,6 @@ struct Search {
     }
 };
 
-#ifndef _WIN32
-std::optional<std::string> environment(const char* name) {
-    const char* value = std::getenv(name);
-    if (!value || !*value)
-        return std::nullopt;
-    return std::string(value);
-}
-#endif
-
 } // namespace
 
 const char* rootSourceName(RootSource source) {
@@ -133,9 +125,9 @@ std::vector<fs::path> usualWinePrefixes() {
         if (seen.insert(ec ? folder : real).second)
             prefixes.push_back(folder);
     };
-    if (const auto named = environment("WINEPREFIX"))
+    if (const auto named = native::environmentValue("WINEPREFIX"))
         add(fs::path(*named));
-    if (const auto homeText = environment("HOME")) {
+    if (const auto homeText = native::environmentValue("HOME")) {
         const fs::path home(*homeText);
         add(home / ".wine");
         const fs::path games = home / "Games";

@@ -1,5 +1,6 @@
 #include "core/nativeprocess.h"
 
+#include <cstdlib>
 #include <system_error>
 
 #ifdef _WIN32
@@ -78,5 +79,12 @@ std::vector<std::string> utf8Arguments(int argc, const char* const* argv) {
 void useBinaryStandardStreams() {}
 
 #endif
+
+std::optional<std::string> environmentValue(const char* name) {
+    const char* value = std::getenv(name);
+    if (!value || !*value)
+        return std::nullopt;
+    return std::string(value);
+}
 
 } // namespace rd::native

@@ -3,6 +3,7 @@
 // standard streams. The one place where these meet POSIX calls or the Windows API.
 
 #include <filesystem>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -19,5 +20,9 @@ std::vector<std::string> utf8Arguments(int argc, const char* const* argv);
 // Standard output and standard error write bytes as they are (no LF to CR LF on Windows), so a
 // program prints the same bytes on every system.
 void useBinaryStandardStreams();
+
+// The value of an environment variable as the C library gives it, or nothing when it is unset or
+// empty.
+std::optional<std::string> environmentValue(const char* name);
 
 } // namespace rd::native

@@ -1,5 +1,7 @@
 #include "core/winepaths.h"
 
+#include "core/nativeprocess.h"
+
 #include "core/workspace.h"
 
 #include <algorithm>
@@ -38,14 +40,6 @@ std::optional<fs::path> prefixAbove(const fs::path& path) {
         if (folder == folder.parent_path() || folder.empty())
             return std::nullopt;
     }
-}
-
-// The value of an environment variable, or nothing when it is unset or empty.
-std::optional<std::string> environment(const char* name) {
-    const char* value = std::getenv(name);
-    if (!value || !*value)
-        return std::nullopt;
-    return std::string(value);
 }
 
 #endif
@@ -130,9 +124,9 @@ WinePrefix findWinePrefix(const fs::path& root) {
     if (!ec && real != given)
         if (const auto found = prefixAbove(real))
             return readWinePrefix(*found);
-    if (const auto named = environment("WINEPREFIX"))
+    if (const auto named = native::environmentValue("WINEPREFIX"))
         return readWinePrefix(fs::path(*named));
-    if (const auto home = environment("HOME")) {
+    if (const auto home = native::environmentValue("HOME")) {
         const fs::path wine = fs::path(*home) / ".wine";
         if (fs::is_directory(wine, ec))
             return readWinePrefix(wine);

@@ -19,7 +19,7 @@ static_assert(std::endian::native == std::endian::little,
               "map files are little-endian and are read into memory as they are stored");
 
 // The header: "IBSP", the version, then the position and length of each of the 19 lumps.
-constexpr std::uint64_t kHeaderSize = 8 + 19 * 8;
+constexpr std::uint64_t kBspHeaderSize = 8 + 19 * 8;
 constexpr std::int32_t kVersion = 38;
 
 // The lumps the card reads, with the size of one record in each.
@@ -469,10 +469,10 @@ void readWorld(const Lump& models, const Lump& faces, const Lump& planes, const 
 CardResult readCard(Source& source, std::uint64_t length, const std::atomic<bool>* cancel) {
     CardResult result;
     try {
-        if (length < kHeaderSize)
+        if (length < kBspHeaderSize)
             damaged("it ends inside its header");
-        char header[kHeaderSize];
-        source.read(0, header, kHeaderSize);
+        char header[kBspHeaderSize];
+        source.read(0, header, kBspHeaderSize);
         if (std::memcmp(header, "IBSP", 4) != 0)
             damaged("it does not begin with IBSP");
         const std::int32_t version = int32At(header + 4);

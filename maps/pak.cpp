@@ -16,7 +16,7 @@ namespace fs = std::filesystem;
 
 namespace {
 
-constexpr std::size_t kHeaderSize = 12;
+constexpr std::size_t kPakHeaderSize = 12;
 constexpr std::size_t kEntrySize = 64;
 constexpr std::size_t kNameSize = 56;
 constexpr std::int64_t kChunkEntries = 1024;
@@ -101,7 +101,7 @@ template <class Visit> bool walkPakDirectory(const fs::path& pakPath, bool mapsO
         return false;
 
     // A header cut short reads as zeros, as a binary read past the end gives.
-    std::array<unsigned char, kHeaderSize> header{};
+    std::array<unsigned char, kPakHeaderSize> header{};
     (void)readUpTo(file, 0, reinterpret_cast<char*>(header.data()), header.size());
     const std::int32_t directoryOffset = readInt32(header.data() + 4);
     const std::int32_t directoryLength = readInt32(header.data() + 8);
