@@ -102,6 +102,7 @@ NewFile::NewFile(NewFile&& other) noexcept
 NewFile& NewFile::operator=(NewFile&& other) noexcept {
     if (this != &other) {
         discard();
+
 #ifdef _WIN32
         handle_ = std::exchange(other.handle_, nullptr);
         attributes_ = other.attributes_;
@@ -114,6 +115,20 @@ NewFile& NewFile::operator=(NewFile&& other) noexcept {
         faulted_ = other.faulted_;
     }
     return *this;
+}
+
+namespace {
+thread_local FolderAnchors* installedAnchors = nullptr;
+} // namespace
+
+FolderAnchors* FolderAnchors::current() {
+    return installedAnchors;
+}
+
+FolderAnchors* FolderAnchors::install(FolderAnchors* anchors) {
+    FolderAnchors* before = installedAnchors;
+    installedAnchors = anchors;
+    return before;
 }
 
 SaveError NewFile::write(const char* bytes, std::size_t count) {
@@ -385,10 +400,40 @@ bool processRunning(unsigned long id) {
 
 #else
 
+namespace {
+
+// Opens `path` relative to an anchor of its folder or of that folder's folder when one is known;
+// otherwise as it stands.
+int openFile(const fs::path& path, int flags) {
+    const std::string& text = path.native();
+    if (FolderAnchors* anchors = installedAnchors) {
+        std::size_t cut = text.size();
+        for (int up = 0; up < 2; ++up) {
+            // The folder is the text up to the separator before the last component; only a plain
+            // "folder/name" split is taken (no "//", no "." or "..", no trailing separator).
+            if (cut == 0)
+                break;
+            const std::size_t slash = text.rfind('/', cut - 1);
+            if (slash == std::string::npos || slash == 0 || slash + 1 == cut)
+                break;
+            const std::string_view component(text.data() + slash + 1, cut - slash - 1);
+            if (component == "." || component == ".." || text[slash - 1] == '/')
+                break;
+            cut = slash;
+            const int folder = anchors->anchor(std::string_view(text.data(), cut));
+            if (folder >= 0)
+                return ::openat(folder, text.c_str() + cut + 1, flags);
+        }
+    }
+    return ::open(text.c_str(), flags);
+}
+
+} // namespace
+
 InputFile InputFile::open(const fs::path& path) {
     InputFile file;
     // O_NONBLOCK: opening a pipe must not wait for a writer; it is refused below.
-    const int fd = ::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
+    const int fd = openFile(path, O_RDONLY | O_NONBLOCK | O_CLOEXEC);
     if (fd < 0) {
         const int error = errno;
         if (error == ENOENT || error == ENOTDIR)

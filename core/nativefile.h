@@ -8,8 +8,26 @@
 #include <filesystem>
 #include <optional>
 #include <string>
+#include <string_view>
 
 namespace rd::native {
+
+// Folders already known to the program, to open files relative to: while one is installed on a
+// thread (POSIX), InputFile::open on that thread asks it for a descriptor of the file's folder, or
+// of that folder's folder, and opens the file relative to it, so the system does not walk the whole
+// path from its root again for every file of a folder it has just listed. (On Windows nothing asks.)
+class FolderAnchors {
+public:
+    virtual ~FolderAnchors() = default;
+    // An open descriptor of `folder` (a path's text as the system spells it) to open files
+    // relative to, or -1 when the folder is not one of those known.
+    virtual int anchor(std::string_view folder) = 0;
+
+    // The anchors installed on this thread, or nothing.
+    static FolderAnchors* current();
+    // Installs `anchors` on this thread (nothing to uninstall); returns those installed before.
+    static FolderAnchors* install(FolderAnchors* anchors);
+};
 
 // Why a file could not be opened for reading.
 enum class OpenFailure {

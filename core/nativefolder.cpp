@@ -13,6 +13,7 @@
 #include <dirent.h>
 #include <fcntl.h>
 #include <sys/stat.h>
+#include <unistd.h>
 #endif
 
 namespace rd::native {
@@ -67,6 +68,12 @@ std::optional<std::string> directSpelling(const fs::path& folder, std::string_vi
     return nameOf(fs::path(std::wstring_view(found.cFileName)));
 }
 
+int openFolderDescriptor(const std::string&) {
+    return -1;
+}
+
+void closeFolderDescriptor(int) {}
+
 #else
 
 FolderListing listFolder(const fs::path& folder) {
@@ -111,6 +118,15 @@ FolderListing listFolder(const fs::path& folder) {
     }
     ::closedir(dir);
     return listing;
+}
+
+int openFolderDescriptor(const std::string& folder) {
+    return ::open(folder.c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC);
+}
+
+void closeFolderDescriptor(int descriptor) {
+    if (descriptor >= 0)
+        ::close(descriptor);
 }
 
 std::optional<std::string> directSpelling(const fs::path& folder, std::string_view name) {

@@ -37,4 +37,10 @@ std::vector<DirEntry> readFolder(const std::filesystem::path& folder);
 // Nothing when no entry is found this way (the caller may then search the listing).
 std::optional<std::string> directSpelling(const std::filesystem::path& folder, std::string_view name);
 
+// A descriptor of the folder `folder` names, to open the files in it relative to (POSIX: opened
+// only for that, O_PATH), or -1 when it cannot be had (and always on Windows). The caller closes it
+// with closeFolderDescriptor.
+int openFolderDescriptor(const std::string& folder);
+void closeFolderDescriptor(int descriptor);
+
 } // namespace rd::native

@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <cstring>
 #include <system_error>
+#include <unordered_map>
 
 namespace rd {
 
@@ -96,24 +97,36 @@ LineEndingsAudit* LineEndingsAudit::current() {
 }
 
 const LineEndings* LineEndingsAudit::find(const fs::path& path) const {
-    const auto it = index_.find(PathView(path.native()));
-    return it == index_.end() ? nullptr : &entries_[it->second].endings;
+    // The last reading of the file counts.
+    for (auto it = entries_.rbegin(); it != entries_.rend(); ++it)
+        if (it->path == path.native())
+            return &it->endings;
+    return nullptr;
 }
 
 void LineEndingsAudit::record(fs::path::string_type path, const LineEndings& endings) {
-    if (const auto it = index_.find(PathView(path)); it != index_.end()) {
-        entries_[it->second].endings = endings;
-        return;
-    }
+    anyFaulty_ = anyFaulty_ || !endings.clean();
     entries_.push_back(Entry{std::move(path), endings});
-    index_.emplace(PathView(entries_.back().path), entries_.size() - 1);
 }
 
 std::vector<LineEndingsAudit::File> LineEndingsAudit::collect(bool onlyFaulty) const {
     std::vector<File> files;
-    for (const auto& entry : entries_)
-        if (!onlyFaulty || !entry.endings.clean())
-            files.push_back(File{fs::path(entry.path), entry.endings});
+    if (onlyFaulty && !anyFaulty_)
+        return files; // every reading was clean: no file can be faulty
+    // A file read more than once is listed once, where it was first closed, with its last reading.
+    std::unordered_map<PathView, std::size_t> last;
+    last.reserve(entries_.size());
+    for (std::size_t i = 0; i < entries_.size(); ++i)
+        last.insert_or_assign(PathView(entries_[i].path), i);
+    for (const auto& entry : entries_) {
+        const auto it = last.find(PathView(entry.path));
+        if (it == last.end())
+            continue; // listed already
+        const LineEndings& endings = entries_[it->second].endings;
+        if (!onlyFaulty || !endings.clean())
+            files.push_back(File{fs::path(entry.path), endings});
+        last.erase(it);
+    }
     return files;
 }
 

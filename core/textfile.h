@@ -6,13 +6,11 @@
 #include "core/filesave.h"
 #include "core/nativefile.h"
 
-#include <deque>
 #include <filesystem>
 #include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
-#include <unordered_map>
 #include <vector>
 
 namespace rd {
@@ -74,8 +72,9 @@ public:
     void record(std::filesystem::path::string_type path, const LineEndings& endings);
 
 private:
-    // Each file's path is kept as the system's text and made a path only when asked for: most
-    // files are read, found clean and never named.
+    // Each reading is kept as it comes, its path as the system's text, and made a path only when
+    // asked for: most files are read once, found clean and never named, so nothing is looked up
+    // while reading; a file read twice is merged when the files are asked for.
     struct Entry {
         std::filesystem::path::string_type path;
         LineEndings endings;
@@ -83,8 +82,8 @@ private:
     using PathView = std::basic_string_view<std::filesystem::path::value_type>;
     std::vector<File> collect(bool onlyFaulty) const;
 
-    std::deque<Entry> entries_; // never moved, so the index can point into their paths
-    std::unordered_map<PathView, std::size_t> index_;
+    std::vector<Entry> entries_;
+    bool anyFaulty_ = false; // a reading whose lines do not all end in CR LF was recorded
     LineEndingsAudit* previous_ = nullptr;
 };
 

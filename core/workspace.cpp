@@ -1,5 +1,6 @@
 #include "core/workspace.h"
 
+#include "core/nativefile.h"
 #include "core/nativefolder.h"
 #include "core/nativeprocess.h"
 #include "core/text.h"
@@ -139,10 +140,20 @@ native::EntryKind kindOf(const fs::path& path) {
 
 } // namespace
 
-struct FolderCache::State {
+// Folder paths' texts, looked up by view without making a string.
+struct PathTextHash {
+    using is_transparent = void;
+    std::size_t operator()(std::basic_string_view<fs::path::value_type> text) const {
+        return std::hash<std::basic_string_view<fs::path::value_type>>{}(text);
+    }
+};
+
+struct FolderCache::State final : native::FolderAnchors {
     // A folder listed while the cache lives.
     struct Folder {
         native::FolderListing listing; // in listing order
+        int anchor = -1;               // a descriptor of the folder to open its files relative to
+        bool anchorTried = false;
 
         // The entry of that name: the one spelled so, else the first that is the same without
         // regard to case. Entries the same without regard to case stand together in listing
@@ -164,7 +175,41 @@ struct FolderCache::State {
         }
     };
 
-    std::unordered_map<fs::path::string_type, Folder> folders;
+    std::unordered_map<fs::path::string_type, Folder, PathTextHash, std::equal_to<>> folders;
+    // Descriptors are kept for the folders whose files are opened, up to this many.
+    static constexpr int kMostAnchors = 256;
+    int anchors = 0;
+    native::FolderAnchors* anchorsBefore = nullptr;
+
+    State() : anchorsBefore(native::FolderAnchors::install(this)) {}
+    ~State() override {
+        native::FolderAnchors::install(anchorsBefore);
+        for (auto& [path, folder] : folders)
+            native::closeFolderDescriptor(folder.anchor);
+    }
+    State(const State&) = delete;
+    State& operator=(const State&) = delete;
+
+    // A file in a folder listed while the cache lives is opened relative to the folder.
+    int anchor(std::string_view folder) override {
+#ifdef _WIN32
+        (void)folder;
+        return -1;
+#else
+        const auto it = folders.find(folder);
+        if (it == folders.end() || !it->second.listing.read)
+            return -1;
+        Folder& known = it->second;
+        if (!known.anchorTried && anchors < kMostAnchors) {
+            known.anchorTried = true;
+            known.anchor = native::openFolderDescriptor(it->first);
+            if (known.anchor >= 0)
+                ++anchors;
+        }
+        return known.anchor;
+#endif
+    }
+
     // Components resolved in folders that were not listed: folder, then component.
     std::unordered_map<fs::path::string_type, std::unordered_map<std::string, fs::path>> resolved;
     // What resolved paths lead to.

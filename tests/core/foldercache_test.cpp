@@ -1,3 +1,4 @@
+#include "core/nativefile.h"
 #include "core/text.h"
 #include "core/textfile.h"
 #include "core/workspace.h"
@@ -148,6 +149,73 @@ TEST(FolderCache, AFolderThatCannotBeListedIsAskedAboutDirectly) {
     EXPECT_TRUE(fileExists(ws.path("plain.cfg")));
 }
 
+// Files in folders the operation listed are opened relative to those folders: the same files, the
+// same failures, whatever the path looks like.
+TEST(FolderCache, FilesBelowAListedFolderOpenAsTheyDoWithoutTheCache) {
+    TempWorkspace ws;
+    ws.write("Profile 1/profile.cfg", "Crash\r\n");
+    ws.write("Plug-Ins/Bot/Setup.cfg", "Quake2\r\n");
+    ws.folder("Plug-Ins/Bot/Folder.cfg");
+    const fs::path root = ws.root();
+    const std::vector<fs::path> paths{
+        root / "Profile 1" / "profile.cfg",      // the folder's folder was listed
+        root / "Plug-Ins" / "Bot" / "Setup.cfg", // the folder itself was listed
+        root / "Plug-Ins" / "Bot" / "Missing.cfg",
+        root / "Plug-Ins" / "Bot" / "Folder.cfg",
+        root / "Missing" / "profile.cfg",
+        root / "Plug-Ins" / "Bot" / ".." / "Bot" / "Setup.cfg",
+        fs::path(root.native() + "/Plug-Ins//Bot/Setup.cfg"),
+        fs::path(root.native() + "/Plug-Ins/Bot/Setup.cfg/"),
+        root / "Plug-Ins" / "." / "Bot" / "Setup.cfg",
+    };
+    struct Opened {
+        native::OpenFailure failure;
+        std::string firstLine;
+        bool operator==(const Opened&) const = default;
+    };
+    const auto openAll = [&] {
+        std::vector<Opened> opened;
+        for (const auto& path : paths) {
+            native::InputFile file = native::InputFile::open(path);
+            char bytes[16] = {};
+            const std::ptrdiff_t got = file.isOpen() ? file.read(bytes, sizeof bytes) : 0;
+            opened.push_back(
+                {file.failure(), std::string(bytes, got > 0 ? static_cast<std::size_t>(got) : 0)});
+        }
+        return opened;
+    };
+    const std::vector<Opened> without = openAll();
+    EXPECT_EQ(without[0], (Opened{native::OpenFailure::None, "Crash\r\n"}));
+    EXPECT_EQ(without[2].failure, native::OpenFailure::Missing);
+    EXPECT_EQ(without[3].failure, native::OpenFailure::Folder);
+    FolderCache cache;
+    listDirectory(root);
+    listDirectory(root / "Plug-Ins" / "Bot");
+    EXPECT_EQ(openAll(), without);
+}
+
+#ifndef _WIN32
+TEST(FolderCache, AListedFolderLendsItsDescriptorForTheOperationOnly) {
+    TempWorkspace ws;
+    ws.write("game/Setup.cfg", "a\r\n");
+    EXPECT_EQ(native::FolderAnchors::current(), nullptr);
+    {
+        FolderCache cache;
+        native::FolderAnchors* anchors = native::FolderAnchors::current();
+        ASSERT_NE(anchors, nullptr);
+        EXPECT_EQ(anchors->anchor(ws.path("game").native()), -1); // not listed yet
+        listDirectory(ws.path("game"));
+        const int folder = anchors->anchor(ws.path("game").native());
+        EXPECT_GE(folder, 0);
+        EXPECT_EQ(anchors->anchor(ws.path("game").native()), folder); // opened once
+        EXPECT_EQ(anchors->anchor(ws.path("missing").native()), -1);
+        listDirectory(ws.path("missing")); // listed, but there is no folder to lend
+        EXPECT_EQ(anchors->anchor(ws.path("missing").native()), -1);
+    }
+    EXPECT_EQ(native::FolderAnchors::current(), nullptr);
+}
+#endif
+
 // The scanner's rules, one byte at a time, as the launcher's reader sees a file.
 LineEndings referenceEndings(const std::string& bytes) {
     LineEndings seen;
@@ -210,6 +278,35 @@ TEST(LineEndingsAudit, FaultyFilesAreThoseWhoseLinesDoNotAllEndInCrLf) {
     EXPECT_EQ(faulty[0].path, ws.path("bare.cfg"));
     EXPECT_EQ(faulty[1].path, ws.path("open.cfg"));
     EXPECT_TRUE(audit.find(ws.path("good.cfg"))->clean());
+}
+
+TEST(LineEndingsAudit, AFileReadTwiceIsListedWhereItWasFirstReadWithItsLastReading) {
+    TempWorkspace ws;
+    ws.write("a.cfg", "a\nb\r\n");
+    ws.write("b.cfg", "b\r\n");
+    ws.write("c.cfg", "c\n");
+    LineEndingsAudit audit;
+    readAllLines(ws.path("a.cfg"));
+    readAllLines(ws.path("b.cfg"));
+    readAllLines(ws.path("c.cfg"));
+    ws.write("a.cfg", "a\r\nb\r\n"); // mended between two readings
+    ws.write("b.cfg", "b\n");        // spoiled between two readings
+    readAllLines(ws.path("a.cfg"));
+    readAllLines(ws.path("b.cfg"));
+    const auto files = audit.files();
+    ASSERT_EQ(files.size(), 3u);
+    EXPECT_EQ(files[0].path, ws.path("a.cfg"));
+    EXPECT_TRUE(files[0].endings.clean());
+    EXPECT_EQ(files[1].path, ws.path("b.cfg"));
+    EXPECT_EQ(files[2].path, ws.path("c.cfg"));
+    const auto faulty = audit.faultyFiles();
+    ASSERT_EQ(faulty.size(), 2u);
+    EXPECT_EQ(faulty[0].path, ws.path("b.cfg"));
+    EXPECT_EQ(faulty[0].endings.bareLineFeeds, 1u);
+    EXPECT_EQ(faulty[1].path, ws.path("c.cfg"));
+    EXPECT_TRUE(audit.find(ws.path("a.cfg"))->clean());
+    EXPECT_FALSE(audit.find(ws.path("b.cfg"))->clean());
+    EXPECT_EQ(audit.find(ws.path("d.cfg")), nullptr);
 }
 
 TEST(NoCaseNames, FindsANameWhateverItsCase) {
