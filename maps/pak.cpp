@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <array>
 #include <cstdint>
+#include <cstring>
 
 namespace rd {
 
@@ -20,6 +21,7 @@ constexpr std::size_t kPakHeaderSize = 12;
 constexpr std::size_t kEntrySize = 64;
 constexpr std::size_t kNameSize = 56;
 constexpr std::int64_t kChunkEntries = 1024;
+static_assert(kNameSize % 8 == 0, "names are lower-cased eight bytes at a time");
 
 std::int32_t readInt32(const unsigned char* bytes) {
     const std::uint32_t v =
@@ -37,6 +39,29 @@ const std::array<char, 256>& lowerTable() {
         return t;
     }();
     return table;
+}
+
+// Lower-cases `count` bytes (a multiple of eight) of an entry name into `into`: eight at a time
+// while they are plain ASCII (most names, and the NULs that pad them), byte by byte through the
+// table otherwise, so letters of the code page beyond ASCII are lowered as the table says.
+void lowerName(const char* from, char* into, std::size_t count, const std::array<char, 256>& lower) {
+    constexpr std::uint64_t kOnes = 0x0101010101010101ull;
+    constexpr std::uint64_t kHighs = 0x8080808080808080ull;
+    for (std::size_t at = 0; at < count; at += 8) {
+        std::uint64_t word;
+        std::memcpy(&word, from + at, sizeof word);
+        if ((word & kHighs) == 0) {
+            // Per byte (each below 0x80, so no carry crosses into the next): the high bit is set
+            // in `fromA` when the byte is 'A' or above and in `pastZ` when it is above 'Z'.
+            const std::uint64_t fromA = word + kOnes * (0x80 - 'A');
+            const std::uint64_t pastZ = word + kOnes * (0x7F - 'Z');
+            word |= ((fromA & ~pastZ) & kHighs) >> 2; // 0x80 >> 2 is the case bit, 0x20
+            std::memcpy(into + at, &word, sizeof word);
+        } else {
+            for (std::size_t c = at; c < at + 8; ++c)
+                into[c] = lower[static_cast<unsigned char>(from[c])];
+        }
+    }
 }
 
 // "maps*.bsp*" matched with regard to case ('*' matching any run, NULs included): the name
@@ -125,13 +150,12 @@ template <class Visit> bool walkPakDirectory(const fs::path& pakPath, bool mapsO
             const char* entry = chunk.data() + i * kEntrySize;
             std::size_t lowered = 0;
             if (mapsOnly) {
-                for (; lowered < 4; ++lowered)
-                    name[lowered] = lower[static_cast<unsigned char>(entry[lowered])];
+                lowerName(entry, name, 8, lower);
                 if (std::string_view(name, 4) != "maps")
                     continue;
+                lowered = 8;
             }
-            for (std::size_t c = lowered; c < kNameSize; ++c)
-                name[c] = lower[static_cast<unsigned char>(entry[c])];
+            lowerName(entry + lowered, name + lowered, kNameSize - lowered, lower);
             if (!visit(std::string_view(name, kNameSize), entry))
                 return true;
         }

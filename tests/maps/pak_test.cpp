@@ -1,5 +1,7 @@
 #include "maps/pak.h"
 
+#include "core/text.h"
+
 #include "tests/support/pak_writer_data.h"
 #include "tests/support/workspace_data.h"
 
@@ -124,6 +126,36 @@ TEST(PakScan, EveryEntryIsTakenWholeWithNulPaddingWhenNotMapsOnly) {
     EXPECT_EQ(names[0], padded("maps/readme.txt"));
     EXPECT_EQ(names[0].size(), 56u);
     EXPECT_EQ(names[1], padded("maps/q2dm1.bsp"));
+}
+
+// Every byte of the code page in every position of a name is lowered as the code page lowers it,
+// whether the bytes around it are plain ASCII or not.
+TEST(PakScan, EveryByteOfTheCodePageIsLoweredInEveryPositionOfAName) {
+    TempWorkspace ws;
+    std::vector<std::string> names;
+    for (int byte = 1; byte < 256; ++byte) {
+        std::string name(56, '\0');
+        for (std::size_t at = 0; at < 56; ++at)
+            name[at] = (at * 7 + static_cast<std::size_t>(byte)) % 3 == 0 ? static_cast<char>(byte)
+                       : at % 2 == 0                                      ? 'Q'
+                                                                          : 'e';
+        names.push_back(name);
+    }
+    std::string directory;
+    for (const auto& name : names)
+        directory += pakDirectoryEntry(name, 12, 0);
+    const auto scanned =
+        scan(ws, buildRawPak("PACK", 12, static_cast<std::int32_t>(directory.size()), directory, 12), false);
+    ASSERT_EQ(scanned.size(), names.size());
+    for (std::size_t i = 0; i < names.size(); ++i)
+        EXPECT_EQ(scanned[i], lowerCase(names[i])) << "byte " << i + 1;
+}
+
+TEST(PakScan, AMapsFolderSpelledWithCodePageLettersNearbyIsFound) {
+    TempWorkspace ws;
+    const auto names =
+        scan(ws, buildPak({{"MAPS/\xC0RENA.BSP", ""}, {"MaPs/\xDEx.bsp", ""}, {"MAP\xD3/x.bsp", ""}}), true);
+    EXPECT_EQ(names, (std::vector<std::string>{"\xE0rena", "\xFEx"}));
 }
 
 TEST(PakScan, WrongIdentifierWithSoundDirectoryIsScannedNormally) {
