@@ -95,7 +95,12 @@ void sortListing(native::FolderListing& listing) {
     for (const auto& entry : entries)
         total += entry.name.size();
     keys.reserve(total);
+    // `head` holds a key's first eight bytes, the first in the highest place and zeros after a
+    // shorter key: where two heads differ they order as the keys do (a zero after the end of a
+    // key sorts it first, as a key that is a prefix of the other sorts first), so most comparisons
+    // need no look at the keys themselves.
     struct Key {
+        std::uint64_t head;
         std::uint32_t at;
         std::uint32_t size;
         std::uint32_t index;
@@ -104,13 +109,21 @@ void sortListing(native::FolderListing& listing) {
     order.reserve(entries.size());
     for (std::size_t i = 0; i < entries.size(); ++i) {
         const auto at = static_cast<std::uint32_t>(keys.size());
-        for (const char c : entries[i].name)
-            keys += upperByte(c);
+        std::uint64_t head = 0;
+        std::size_t n = 0;
+        for (const char c : entries[i].name) {
+            const char upper = upperByte(c);
+            keys += upper;
+            if (n++ < 8)
+                head |= std::uint64_t{static_cast<unsigned char>(upper)} << (8 * (8 - n));
+        }
         order.push_back(
-            {at, static_cast<std::uint32_t>(entries[i].name.size()), static_cast<std::uint32_t>(i)});
+            {head, at, static_cast<std::uint32_t>(entries[i].name.size()), static_cast<std::uint32_t>(i)});
     }
     const std::string_view all(keys);
     std::sort(order.begin(), order.end(), [&](const Key& a, const Key& b) {
+        if (a.head != b.head)
+            return a.head < b.head;
         const int c = all.substr(a.at, a.size).compare(all.substr(b.at, b.size));
         if (c != 0)
             return c < 0;
@@ -339,6 +352,18 @@ bool wildcardMatch(std::string_view pattern, std::string_view name, bool caseSen
     auto same = [caseSensitive](char a, char b) {
         return caseSensitive ? a == b : upperByte(a) == upperByte(b);
     };
+    // "*" and then plain characters ("*.bsp", the commonest pattern): the name ends with them.
+    if (pattern.size() > 1 && pattern.front() == '*' &&
+        pattern.find_first_of("*?", 1) == std::string_view::npos) {
+        const std::string_view tail = pattern.substr(1);
+        if (name.size() < tail.size())
+            return false;
+        const std::string_view end = name.substr(name.size() - tail.size());
+        for (std::size_t i = 0; i < tail.size(); ++i)
+            if (!same(tail[i], end[i]))
+                return false;
+        return true;
+    }
     // Iterative match with back-tracking to the last '*'.
     std::size_t p = 0, n = 0, starP = std::string::npos, starN = 0;
     while (n < name.size()) {

@@ -1,9 +1,12 @@
+#include "core/text.h"
 #include "core/workspace.h"
 #include "tests/support/environment_data.h"
 #include "tests/support/workspace_data.h"
 
+#include <algorithm>
 #include <cstdlib>
 #include <gtest/gtest.h>
+#include <random>
 
 namespace workspace_test {
 
@@ -56,6 +59,72 @@ TEST(Workspace, WildcardsMatchWithoutRegardToCase) {
     EXPECT_TRUE(wildcardMatch("a?c", "abc"));
     EXPECT_FALSE(wildcardMatch("maps*.bsp*", "MAPS/X.BSP", true));
     EXPECT_TRUE(wildcardMatch("maps*.bsp*", std::string("maps/x.bsp\0\0", 12), true));
+}
+
+// The rules spelled out the slow way: '*' tries every run, '?' takes one character.
+bool referenceMatch(std::string_view pattern, std::string_view name, bool caseSensitive) {
+    if (pattern.empty())
+        return name.empty();
+    if (pattern.front() == '*') {
+        for (std::size_t skip = 0; skip <= name.size(); ++skip)
+            if (referenceMatch(pattern.substr(1), name.substr(skip), caseSensitive))
+                return true;
+        return false;
+    }
+    if (name.empty())
+        return false;
+    const bool same =
+        pattern.front() == '?' || (caseSensitive ? pattern.front() == name.front()
+                                                 : upperByte(pattern.front()) == upperByte(name.front()));
+    return same && referenceMatch(pattern.substr(1), name.substr(1), caseSensitive);
+}
+
+TEST(Workspace, WildcardsAgreeWithTheRulesSpelledOutForAnyPatternAndName) {
+    std::mt19937 random(20261125);
+    const char alphabet[] = {'a', 'A', 'b', '.', '*', '?', '\xE9', '\xC9', '\0'};
+    for (int round = 0; round < 20000; ++round) {
+        std::string pattern(random() % 6, ' ');
+        for (auto& c : pattern)
+            c = alphabet[random() % 9];
+        if (round % 3 == 0 && !pattern.empty())
+            pattern[0] = '*'; // the commonest form, "*" then a tail
+        std::string name(random() % 7, ' ');
+        for (auto& c : name)
+            c = alphabet[random() % 9];
+        const bool caseSensitive = round % 2 == 0;
+        const bool expected = pattern == "*.*" || referenceMatch(pattern, name, caseSensitive);
+        EXPECT_EQ(wildcardMatch(pattern, name, caseSensitive), expected)
+            << "pattern \"" << pattern << "\" name \"" << name << "\"";
+    }
+}
+
+TEST(Workspace, ListingOrderAgreesWithComparingWholeUpperCaseNamesForAnyNames) {
+#ifdef _WIN32
+    GTEST_SKIP() << "Windows file systems ignore case: names differing only in case name one file";
+#endif
+    TempWorkspace ws;
+    std::mt19937 random(1125);
+    // Long shared beginnings, names that are beginnings of others, letters of the code page.
+    const std::vector<std::string> parts{"map", "MAP", "0", "00", "1", "_", "\xE9", "\xC9", "z", "Z"};
+    std::vector<std::string> names;
+    while (names.size() < 300) {
+        std::string name;
+        const std::size_t count = 1 + random() % 8;
+        for (std::size_t i = 0; i < count; ++i)
+            name += parts[random() % parts.size()];
+        if (std::find(names.begin(), names.end(), name) == names.end()) {
+            names.push_back(name);
+            ws.write(name, "x");
+        }
+    }
+    std::sort(names.begin(), names.end(), [](const std::string& a, const std::string& b) {
+        const std::string ua = upperCase(a), ub = upperCase(b);
+        return ua != ub ? ua < ub : a < b;
+    });
+    std::vector<std::string> listed;
+    for (const auto& entry : listDirectory(ws.root()))
+        listed.push_back(entry.name);
+    EXPECT_EQ(listed, names);
 }
 
 TEST(Workspace, FixedNamesResolveWhateverTheirCaseOnDisk) {
