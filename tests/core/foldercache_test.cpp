@@ -164,8 +164,8 @@ TEST(FolderCache, FilesBelowAListedFolderOpenAsTheyDoWithoutTheCache) {
         root / "Plug-Ins" / "Bot" / "Folder.cfg",
         root / "Missing" / "profile.cfg",
         root / "Plug-Ins" / "Bot" / ".." / "Bot" / "Setup.cfg",
-        fs::path(root.native() + "/Plug-Ins//Bot/Setup.cfg"),
-        fs::path(root.native() + "/Plug-Ins/Bot/Setup.cfg/"),
+        pathFromUtf8(utf8Of(root) + "/Plug-Ins//Bot/Setup.cfg"),
+        pathFromUtf8(utf8Of(root) + "/Plug-Ins/Bot/Setup.cfg/"),
         root / "Plug-Ins" / "." / "Bot" / "Setup.cfg",
     };
     struct Opened {
